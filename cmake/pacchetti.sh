@@ -1,0 +1,23 @@
+# SPDX-FileCopyrightText: 2026 The Varbel developers
+# SPDX-License-Identifier: GPL-3.0-or-later
+# Sourced by the commands of the project's root.
+
+# What every build needs, and what the program loads at run time.
+PACCHETTI="g++ cmake ninja-build qt6-base-dev libqt6svg6 qt6-translations-l10n fonts-dejavu-core"
+
+# installa <package>...: installs those that are missing, with apt; nothing when all are there.
+installa()
+{
+    mancanti=
+    for pacchetto in "$@"; do
+        dpkg-query -W -f='${Status}' "$pacchetto" 2>/dev/null | grep -q 'ok installed' || mancanti="$mancanti $pacchetto"
+    done
+    [ -n "$mancanti" ] || return 0
+    command -v apt-get >/dev/null || { echo "Install first:$mancanti" >&2; return 1; }
+    radice=
+    [ "$(id -u)" -eq 0 ] || radice=sudo
+    echo "Installing:$mancanti"
+    $radice apt-get update -qq || return 1
+    # shellcheck disable=SC2086 # one word a package
+    $radice env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $mancanti >/dev/null
+}

@@ -1,0 +1,465 @@
+// SPDX-FileCopyrightText: 2026 The Varbel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/MDIForm1.h"
+
+#include "app/Finestre.h"
+#include "app/Protezione.h"
+#include "app/Servizi.h"
+#include "edit/Ordinamento.h"
+#include "edit/VisualizzaForm1.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QPointer>
+#include <QToolBar>
+#include <QToolButton>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+using Module1::stato;
+
+namespace
+{
+// The commands that only an open dictionary allows, whoever opened it.
+const QStringList &VociComuni()
+{
+    static const QStringList voci = {
+        u"mnuFileChiudi"_s,           u"mnuFileStampa"_s,       u"mnuFileProprieta"_s,      u"mnuModificaAggiungi"_s,
+        u"mnuModificaElimina"_s,      u"mnuModificaCopia"_s,    u"mnuModificaTaglia"_s,     u"mnuModificaIncolla"_s,
+        u"mnuModificaOrdina"_s,       u"mnuEserciziCasuale"_s,  u"mnuEserciziRipasso"_s,    u"mnuEserciziInverti"_s,
+        u"mnuStrumentiUnisci"_s,      u"mnuStrumentiComponi"_s, u"mnuStrumentiCaratteri"_s, u"mnuStrumentiInverti"_s,
+        u"mnuStrumentiConversioni"_s, u"mnuStrumentiOpzioni"_s,
+    };
+    return voci;
+}
+
+// The dictionary among the files dragged, empty when there is none.
+QString DizionarioTrascinato(const QMimeData *dati)
+{
+    const QList<QUrl> indirizzi = dati->urls();
+    const auto trovato = std::find_if(indirizzi.cbegin(), indirizzi.cend(), [](const QUrl &indirizzo) {
+        return indirizzo.isLocalFile() && indirizzo.toLocalFile().endsWith(".dic"_L1, Qt::CaseInsensitive);
+    });
+    return trovato == indirizzi.cend() ? QString() : trovato->toLocalFile();
+}
+} // namespace
+
+MDIForm1::MDIForm1() : m_area(new QMdiArea(this))
+{
+    Q_INIT_RESOURCE(varbel);
+    setObjectName("MDIForm1"_L1);
+    setWindowTitle(u"Varbel"_s);
+    setAcceptDrops(true);
+    setCentralWidget(m_area);
+    resize(1000, 700);
+    servizi() = Servizi();
+
+    m_finestre.insert(u"VisualizzaForm1"_s, [this] { return CreaVisualizza(); });
+    CreaMenu();
+    CreaToolbar();
+    StatoChiuso();
+    Collega(m_area, &QMdiArea::subWindowActivated, this, [](QMdiSubWindow *attiva) {
+        if (attiva)
+            Module1::MarkActiveWindow(attiva->widget());
+    });
+
+    for (QAction *voce : servizi().mnuFinestra)
+        voce->setVisible(false);
+    servizi().mnuFinestre->setVisible(false);
+    stato().Modificato = false;
+    stato().LenDizionario1 = 0;
+    LeggiImpostazioni();
+}
+
+MDIForm1::~MDIForm1()
+{
+    // The child windows go while what they use of this one still stands.
+    delete takeCentralWidget();
+    servizi() = Servizi();
+}
+
+QMenu *MDIForm1::Menu(const QString &nome, const QString &testo, QMenu *in)
+{
+    auto *menu = new QMenu(testo, in ? static_cast<QWidget *>(in) : this);
+    menu->setObjectName(nome);
+    menu->menuAction()->setObjectName(nome);
+    in ? in->addMenu(menu) : menuBar()->addMenu(menu);
+    m_menu.insert(nome, menu);
+    return menu;
+}
+
+QAction *MDIForm1::Voce(QMenu *menu, const QString &nome, const QString &testo, Comando comando)
+{
+    QAction *voce = menu->addAction(testo);
+    voce->setObjectName(nome);
+    m_voci.insert(nome, voce);
+    if (comando)
+        Collega(voce, &QAction::triggered, this, [this, comando] { (this->*comando)(); });
+    return voce;
+}
+
+QAction *MDIForm1::VoceDiLista(QMenu *menu, const QString &nome)
+{
+    return Voce(menu, nome, QString(), nullptr);
+}
+
+void MDIForm1::Linea(QMenu *menu, const QString &nome)
+{
+    menu->addSeparator()->setObjectName(nome);
+}
+
+void MDIForm1::CreaMenu()
+{
+    menuBar()->setObjectName("MenuBar"_L1);
+    QMenu *file = Menu(u"mnuFile"_s, u"&File"_s);
+    Voce(file, u"mnuFileNuovo"_s, u"Nuovo"_s, &MDIForm1::mnuFileNuovo);
+    Voce(file, u"mnuFileNuovoDaModello"_s, u"Nuovo da modello"_s, &MDIForm1::mnuFileNuovoDaModello);
+    Voce(file, u"mnuFileApri"_s, u"Apri"_s, &MDIForm1::mnuFileApri);
+    Voce(file, u"mnuFileChiudi"_s, u"Chiudi"_s, &MDIForm1::mnuFileChiudi);
+    servizi().mnuFileSalva = Voce(file, u"mnuFileSalva"_s, u"Salva"_s, &MDIForm1::mnuFileSalva);
+    Voce(file, u"mnuFileSalvaConNome"_s, u"Salva con nome"_s, &MDIForm1::mnuFileSalvaConNome);
+    Voce(file, u"mnuFileStampa"_s, u"Stampa"_s, nullptr);
+    Linea(file, u"mnuLinea1"_s);
+    Voce(file, u"mnuFileProprieta"_s, u"Proprietà"_s, &MDIForm1::mnuFileProprieta);
+    Linea(file, u"mnuLinea2"_s);
+    for (std::size_t i = 0; i < m_recenti.size(); ++i) {
+        m_recenti[i] = VoceDiLista(file, u"mnuFileRecente(%1)"_s.arg(i));
+        Collega(m_recenti[i], &QAction::triggered, this, [this, i] { mnuFileRecente(i); });
+    }
+    Linea(file, u"mnuFileLinea2"_s);
+    Collega(Voce(file, u"mnuFileEsci"_s, u"Esci"_s, nullptr), &QAction::triggered, this, [this] { close(); });
+
+    QMenu *modifica = Menu(u"mnuModifica"_s, u"&Modifica"_s);
+    Voce(modifica, u"mnuModificaCopia"_s, u"Copia Ctrl+C"_s, nullptr);
+    Voce(modifica, u"mnuModificaTaglia"_s, u"Taglia Ctrl+X"_s, nullptr);
+    Voce(modifica, u"mnuModificaIncolla"_s, u"Incolla Ctrl+V"_s, nullptr);
+    Linea(modifica, u"mnuModificaLinea1"_s);
+    QMenu *ordina = Menu(u"mnuModificaOrdina"_s, u"Ordina"_s, modifica);
+    Voce(ordina, u"mnuModificaOrdina1"_s, u"per Lingua1"_s, &MDIForm1::mnuModificaOrdina1);
+    Voce(ordina, u"mnuModificaOrdina2"_s, u"per Lingua2"_s, &MDIForm1::mnuModificaOrdina2);
+    Linea(modifica, u"mnuModificaLinea2"_s);
+    Voce(modifica, u"mnuModificaAggiungi"_s, u"Aggiungi Voce"_s, &MDIForm1::mnuModificaAggiungi);
+    Voce(modifica, u"mnuModificaElimina"_s, u"Elimina Voce"_s, &MDIForm1::mnuModificaElimina);
+
+    QMenu *esercizi = Menu(u"mnuEsercizi"_s, u"&Esercizi"_s);
+    Voce(esercizi, u"mnuEserciziCasuale"_s, u"Ordine Casuale"_s, &MDIForm1::mnuEserciziCasuale);
+    Voce(esercizi, u"mnuEserciziRipasso"_s, u"Ripasso Completo"_s, &MDIForm1::mnuEserciziRipasso);
+    Linea(esercizi, u"mnuEserciziLinea1"_s);
+    Voce(esercizi, u"mnuEserciziInverti"_s, u"Inverti Lingue"_s, &MDIForm1::mnuEserciziInverti);
+
+    QMenu *strumenti = Menu(u"mnuStrumenti"_s, u"&Strumenti"_s);
+    Voce(strumenti, u"mnuStrumentiUnisci"_s, u"Unisci Dizionario"_s, nullptr);
+    Voce(strumenti, u"mnuStrumentiComponi"_s, u"Componi Dizionario"_s, &MDIForm1::mnuStrumentiComponi);
+    Voce(strumenti, u"mnuStrumentiCaratteri"_s, u"Mappa Caratteri"_s, &MDIForm1::mnuStrumentiCaratteri);
+    Voce(strumenti, u"mnuStrumentiInverti"_s, u"Inverti Dizionario"_s, nullptr);
+    Voce(strumenti, u"mnuStrumentiConversioni"_s, u"Conversioni"_s, &MDIForm1::mnuStrumentiConversioni);
+    Linea(strumenti, u"mnuStrumentiLinea1"_s);
+    Voce(strumenti, u"mnuStrumentiOpzioni"_s, u"Opzioni"_s, &MDIForm1::mnuStrumentiOpzioni);
+
+    QMenu *finestre = Menu(u"mnuFinestre"_s, u"Finestre"_s);
+    servizi().mnuFinestre = finestre->menuAction();
+    for (qint32 i = 0; i < Module1::MassimoFinestre; ++i) {
+        QAction *voce = VoceDiLista(finestre, u"mnuFinestra(%1)"_s.arg(i));
+        voce->setCheckable(true);
+        servizi().mnuFinestra[static_cast<std::size_t>(i)] = voce;
+        Collega(voce, &QAction::triggered, this, [this, i] { mnuFinestra(i); });
+    }
+
+    QMenu *aiuto = Menu(u"mnuHelp"_s, u"?"_s);
+    Voce(aiuto, u"mnuHelpAbout"_s, u"Informazioni su Varbel"_s, &MDIForm1::mnuHelpAbout);
+}
+
+void MDIForm1::CreaToolbar()
+{
+    struct Pulsante {
+        QString testo;
+        QString immagine;
+        Comando comando;
+    };
+    const std::array pulsanti = {
+        Pulsante{u"Nuovo"_s, u"nuovo"_s, &MDIForm1::mnuFileNuovo},
+        Pulsante{u"Apri"_s, u"apri"_s, &MDIForm1::mnuFileApri},
+        Pulsante{u"Salva"_s, u"salva"_s, &MDIForm1::mnuFileSalva},
+        Pulsante{u"Aggiungi"_s, u"aggiungi"_s, &MDIForm1::mnuModificaAggiungi},
+        Pulsante{u"Esercizio"_s, u"esercizio"_s, &MDIForm1::mnuEserciziCasuale},
+        Pulsante{u"Mappa Caratteri"_s, u"caratteri"_s, &MDIForm1::mnuStrumentiCaratteri},
+        Pulsante{u"Componi Dizionario"_s, u"componi"_s, &MDIForm1::mnuStrumentiComponi},
+    };
+    m_toolbar = addToolBar(u"Barra degli strumenti"_s);
+    m_toolbar->setObjectName("Toolbar1"_L1);
+    m_toolbar->setMovable(false);
+    m_toolbar->toggleViewAction()->setEnabled(false);
+    m_toolbar->setContextMenuPolicy(Qt::PreventContextMenu);
+    // The pictures wait until the window is seen; this keeps their room.
+    QPixmap vuota(m_toolbar->iconSize());
+    vuota.fill(Qt::transparent);
+    int numero = 0;
+    for (const Pulsante &pulsante : pulsanti) {
+        QAction *azione = m_toolbar->addAction(vuota, pulsante.testo);
+        azione->setObjectName(u"Toolbar1(%1)"_s.arg(++numero));
+        ImageList1.append(pulsante.immagine);
+        m_toolbar->widgetForAction(azione)->setObjectName(azione->objectName());
+        Collega(azione, &QAction::triggered, this, [this, comando = pulsante.comando] { (this->*comando)(); });
+    }
+    m_toolbar->actions().at(3)->setData(u"aggiungi"_s);
+}
+
+bool MDIForm1::event(QEvent *evento)
+{
+    if (evento->type() == QEvent::Paint && !ImageList1.isEmpty())
+        QMetaObject::invokeMethod(this, &MDIForm1::CaricaImmagini, Qt::QueuedConnection);
+    return QMainWindow::event(evento);
+}
+
+void MDIForm1::CaricaImmagini()
+{
+    const QList<QAction *> azioni = m_toolbar->actions();
+    for (qsizetype i = 0; i < ImageList1.size(); ++i)
+        azioni[i]->setIcon(QIcon(u":/icone/%1.svg"_s.arg(ImageList1[i])));
+    ImageList1.clear();
+    QApplication::setWindowIcon(QIcon(u":/icone/varbel.svg"_s));
+}
+
+void MDIForm1::Abilita(const QString &nome, bool abilitata)
+{
+    if (QMenu *menu = m_menu.value(nome))
+        menu->setEnabled(abilitata);
+    else
+        m_voci.value(nome)->setEnabled(abilitata);
+}
+
+void MDIForm1::AbilitaComuni(bool aperto)
+{
+    for (const QString &nome : {u"mnuFileNuovo"_s, u"mnuFileApri"_s, u"mnuFileNuovoDaModello"_s})
+        Abilita(nome, !aperto);
+    for (const QString &nome : VociComuni())
+        Abilita(nome, aperto);
+    const QList<QAction *> pulsanti = m_toolbar->actions();
+    for (qsizetype i = 0; i < pulsanti.size(); ++i)
+        pulsanti[i]->setEnabled(i < 2 ? !aperto : aperto);
+    for (QAction *recente : m_recenti)
+        recente->setEnabled(!aperto);
+}
+
+void MDIForm1::StatoAperto()
+{
+    AbilitaComuni(true);
+    Abilita(u"mnuFileSalva"_s, true);
+    Abilita(u"mnuFileSalvaConNome"_s, true);
+}
+
+void MDIForm1::StatoChiuso()
+{
+    AbilitaComuni(false);
+    Abilita(u"mnuFileSalva"_s, false);
+    Abilita(u"mnuFileSalvaConNome"_s, false);
+}
+
+void MDIForm1::AggiornaMenuRecenti()
+{
+    for (std::size_t i = 0; i < m_recenti.size(); ++i) {
+        const QString &percorso = stato().recenti[i];
+        m_recenti[i]->setText(Didascalia(percorso));
+        m_recenti[i]->setData(percorso);
+        m_recenti[i]->setVisible(!percorso.trimmed().isEmpty());
+    }
+}
+
+QMdiSubWindow *MDIForm1::FinestraAperta(const QString &nome) const
+{
+    const QList<QMdiSubWindow *> finestre = m_area->subWindowList();
+    const auto trovata = std::find_if(finestre.cbegin(), finestre.cend(), [&nome](const QMdiSubWindow *finestra) {
+        return finestra->widget() && finestra->widget()->objectName() == nome;
+    });
+    return trovata == finestre.cend() ? nullptr : *trovata;
+}
+
+QWidget *MDIForm1::MostraFinestra(const QString &nome)
+{
+    QMdiSubWindow *finestra = FinestraAperta(nome);
+    if (!finestra) {
+        if (!m_finestre.contains(nome))
+            return nullptr;
+        QWidget *form = m_finestre.value(nome)();
+        finestra = m_area->addSubWindow(form);
+    }
+    finestra->show();
+    m_area->setActiveSubWindow(finestra);
+    return finestra->widget();
+}
+
+QWidget *MDIForm1::CreaVisualizza()
+{
+    auto *visualizza = new VisualizzaForm1;
+    visualizza->resize(QSize(width() * 3 / 5, height() * 3 / 4).expandedTo({480, 360}));
+    connect(visualizza, &VisualizzaForm1::chiusuraRichiesta, this,
+            [this](bool &annulla) { Protetto(this, [&] { simulachiusura(annulla); }); });
+    Collega(visualizza, &VisualizzaForm1::modificaVoce, this, [this](qint32 voce) { ModificaVoce(voce); });
+    return visualizza;
+}
+
+void MDIForm1::ScaricaFinestre(const QStringList &nomi)
+{
+    for (const QString &nome : nomi) {
+        if (QMdiSubWindow *finestra = FinestraAperta(nome)) {
+            finestra->close();
+            // Its name is free for the next one from now on, not only when the event loop has deleted it.
+            if (finestra->widget())
+                finestra->widget()->setObjectName(QString());
+        }
+    }
+}
+
+void MDIForm1::mnuFinestra(qint32 i)
+{
+    QWidget *finestra = Module1::WindowInSlot(i);
+    if (!finestra) {
+        if (QMdiSubWindow *visualizza = FinestraAperta(u"VisualizzaForm1"_s))
+            finestra = visualizza->widget();
+        else
+            return;
+    }
+    Module1::MarkActiveWindow(finestra);
+    const QList<QMdiSubWindow *> finestre = m_area->subWindowList();
+    const auto sua = std::find_if(finestre.cbegin(), finestre.cend(),
+                                  [finestra](const QMdiSubWindow *questa) { return questa->widget() == finestra; });
+    if (sua == finestre.cend())
+        return;
+    m_area->setActiveSubWindow(*sua);
+    finestra->setFocus();
+}
+
+void MDIForm1::closeEvent(QCloseEvent *evento)
+{
+    bool annulla = false;
+    Protetto(this, [&] {
+        if (stato().DizionarioAperto)
+            simulachiusura(annulla);
+        if (annulla)
+            return;
+        m_area->closeAllSubWindows();
+        const QList<QMdiSubWindow *> rimaste = m_area->subWindowList();
+        annulla = std::any_of(rimaste.cbegin(), rimaste.cend(),
+                              [](const QMdiSubWindow *finestra) { return finestra->isVisible(); });
+    });
+    evento->setAccepted(!annulla);
+}
+
+void MDIForm1::dragEnterEvent(QDragEnterEvent *evento)
+{
+    if (!stato().DizionarioAperto && !DizionarioTrascinato(evento->mimeData()).isEmpty())
+        evento->acceptProposedAction();
+}
+
+void MDIForm1::dropEvent(QDropEvent *evento)
+{
+    const QString percorso = DizionarioTrascinato(evento->mimeData());
+    if (stato().DizionarioAperto || percorso.isEmpty())
+        return;
+    evento->acceptProposedAction();
+    // Not inside the drop: the program that the file comes from waits for its end.
+    QMetaObject::invokeMethod(
+        this,
+        [this, percorso] {
+            if (stato().DizionarioAperto)
+                return;
+            stato().PercorsoDizionario = percorso;
+            SimulaApertura();
+        },
+        Qt::QueuedConnection);
+}
+
+QMessageBox::StandardButton MDIForm1::ChiediOrdina()
+{
+    return Messaggio(this, QMessageBox::Question, u"Attenzione"_s,
+                     u"Date le dimenzioni del dizionario l'operazione potrebbe richedere alcuni minuti. Procedo?"_s,
+                     QMessageBox::Yes | QMessageBox::No);
+}
+
+void MDIForm1::mnuModificaOrdina1()
+{
+    // On a table grown past its first size this command only asks.
+    if (Capacita(stato().Dizionario1) > Module1::CapacitaIniziale)
+        ChiediOrdina();
+    else
+        Ordina(0);
+}
+
+void MDIForm1::mnuModificaOrdina2()
+{
+    if (Capacita(stato().Dizionario1) <= Module1::CapacitaIniziale || ChiediOrdina() == QMessageBox::Yes)
+        Ordina(1);
+}
+
+void MDIForm1::Ordina(qint32 chiave)
+{
+    OrdinaLista(stato().Dizionario1, stato().LenDizionario1, chiave);
+    if (QMdiSubWindow *visualizza = FinestraAperta(u"VisualizzaForm1"_s))
+        static_cast<VisualizzaForm1 *>(visualizza->widget())->RiempiListe();
+}
+
+void MDIForm1::mnuModificaElimina()
+{
+    static_cast<VisualizzaForm1 *>(MostraFinestra(u"VisualizzaForm1"_s))->SimulaElimina();
+}
+
+void MDIForm1::mnuFileProprieta()
+{
+    MostraFinestra(u"proprietaForm1"_s);
+}
+
+void MDIForm1::mnuModificaAggiungi()
+{
+    MostraFinestra(u"InserimentoForm1"_s);
+}
+
+void MDIForm1::ModificaVoce(qint32 /*voce*/)
+{
+    MostraFinestra(u"InserimentoForm1"_s);
+}
+
+void MDIForm1::mnuEserciziCasuale()
+{
+    MostraFinestra(u"EsercizioForm1"_s);
+}
+
+void MDIForm1::mnuEserciziRipasso()
+{
+    MostraFinestra(u"EsercizioForm1"_s);
+}
+
+void MDIForm1::mnuEserciziInverti()
+{
+    MostraFinestra(u"EsercizioForm1"_s);
+}
+
+void MDIForm1::mnuStrumentiComponi()
+{
+    MostraFinestra(u"ComponiForm1"_s);
+}
+
+void MDIForm1::mnuStrumentiCaratteri()
+{
+    MostraFinestra(u"TastiRapidiForm"_s);
+}
+
+void MDIForm1::mnuStrumentiConversioni()
+{
+    MostraFinestra(u"ConvertiForm1"_s);
+}
+
+void MDIForm1::mnuStrumentiOpzioni()
+{
+    MostraFinestra(u"OpzioniForm1"_s);
+}
+
+void MDIForm1::mnuHelpAbout()
+{
+    MostraFinestra(u"aboutForm1"_s);
+}

@@ -1,0 +1,105 @@
+// SPDX-FileCopyrightText: 2026 The Varbel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QHash>
+#include <QMainWindow>
+#include <QMessageBox>
+
+#include <array>
+#include <functional>
+
+class QMdiArea;
+class QMdiSubWindow;
+class QToolBar;
+class VisualizzaForm1;
+class ErroreRuntime;
+
+/// The main window: menus, toolbar, child windows, and the commands on the one open dictionary.
+class MDIForm1 : public QMainWindow
+{
+    Q_OBJECT
+public:
+    /// Loads the window and varbel.ini from the program's folder. ErroreRuntime, which ends the program: 53 when that
+    /// is missing, 13 or 6 when its font size is no number.
+    MDIForm1();
+    ~MDIForm1() override;
+
+    /// Runs the open command on the path that the state holds already.
+    void SimulaApertura();
+
+    /// Asks whether to save a modified dictionary, then closes it; `annulla` is set when the user keeps it open or
+    /// when saving failed.
+    void simulachiusura(bool &annulla);
+
+protected:
+    bool event(QEvent *evento) override;
+    void closeEvent(QCloseEvent *evento) override;
+    void dragEnterEvent(QDragEnterEvent *evento) override;
+    void dropEvent(QDropEvent *evento) override;
+
+private:
+    using Comando = void (MDIForm1::*)();
+
+    void CreaMenu();
+    void CreaToolbar();
+    void CaricaImmagini();
+    void LeggiImpostazioni();
+    QMenu *Menu(const QString &nome, const QString &testo, QMenu *in = nullptr);
+    QAction *Voce(QMenu *menu, const QString &nome, const QString &testo, Comando comando);
+    QAction *VoceDiLista(QMenu *menu, const QString &nome);
+    void Linea(QMenu *menu, const QString &nome);
+    void Abilita(const QString &nome, bool abilitata);
+    void StatoAperto();
+    void StatoChiuso();
+    void AbilitaComuni(bool aperto);
+    void AggiornaMenuRecenti();
+
+    /// Brings a child window to the front, creating it when it is not open. The one place that knows them all.
+    QWidget *MostraFinestra(const QString &nome);
+    [[nodiscard]] QMdiSubWindow *FinestraAperta(const QString &nome) const;
+    QWidget *CreaVisualizza();
+    void ScaricaFinestre(const QStringList &nomi);
+    void mnuFinestra(qint32 i);
+
+    void mnuFileNuovo();
+    void mnuFileNuovoDaModello();
+    void mnuFileApri();
+    void mnuFileRecente(std::size_t i);
+    void mnuFileChiudi();
+    void mnuFileSalva();
+    void mnuFileSalvaConNome();
+    void mnuFileProprieta();
+    void mnuModificaOrdina1();
+    void mnuModificaOrdina2();
+    void mnuModificaAggiungi();
+    void mnuModificaElimina();
+    void mnuEserciziCasuale();
+    void mnuEserciziRipasso();
+    void mnuEserciziInverti();
+    void mnuStrumentiComponi();
+    void mnuStrumentiCaratteri();
+    void mnuStrumentiConversioni();
+    void mnuStrumentiOpzioni();
+    void mnuHelpAbout();
+
+    void ModificaVoce(qint32 voce);
+    void Ordina(qint32 chiave);
+    QMessageBox::StandardButton ChiediOrdina();
+    bool SalvaDocumento();
+    void Chiudi();
+    void MostraDizionario();
+    bool NomeRiservato(const QString &percorso);
+    void ErroreIni(const QString &percorso);
+
+    QMdiArea *m_area;
+    QToolBar *m_toolbar = nullptr;
+    /// The toolbar's pictures that are still to be loaded, by button.
+    QStringList ImageList1;
+    QHash<QString, QAction *> m_voci;
+    QHash<QString, QMenu *> m_menu;
+    std::array<QAction *, 4> m_recenti{};
+    QHash<QString, std::function<QWidget *()>> m_finestre;
+    /// The open dictionary's file was created by New, so that a close without saving may delete it.
+    bool m_fileCreato = false;
+};

@@ -1,0 +1,328 @@
+// SPDX-FileCopyrightText: 2026 The Varbel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The commands of the File menu on the one open dictionary.
+#include "app/MDIForm1.h"
+
+#include "app/Protezione.h"
+#include "app/Servizi.h"
+#include "core/FileDizionario.h"
+#include "core/FileInPosto.h"
+#include "core/FileVarbel.h"
+#include "core/Percorsi.h"
+#include "core/Testo8Bit.h"
+#include "edit/VisualizzaForm1.h"
+
+#include <QAction>
+#include <QFile>
+#include <QFileInfo>
+#include <QMdiSubWindow>
+#include <QStandardPaths>
+
+using namespace Qt::StringLiterals;
+using Module1::stato;
+
+namespace
+{
+QString PercorsoVarbelIni()
+{
+    return stato().CartellaProgramma + u"/varbel.ini"_s;
+}
+
+// What the two dialogs of New from model show.
+const QString FiltroModello = QStringLiteral("*.dic (dizionari)| *.dic");
+
+// Creates the file, or leaves the one that is there as it is. ErroreRuntime 75 when it can be neither.
+void CreaFile(const QString &percorso)
+{
+    QFile file(percorso);
+    if (!file.open(QIODevice::Append))
+        throw ErroreRuntime(75, u"Impossibile creare il dizionario "_s + percorso + u".\n"_s + file.errorString());
+}
+
+// A text file copied line by line: the bytes of the lines are kept, their ends become CR LF.
+QByteArray ConLineeCrLf(QByteArray byte)
+{
+    byte.replace("\r\n", "\n").replace('\r', '\n');
+    if (!byte.isEmpty() && !byte.endsWith('\n'))
+        byte += '\n';
+    return byte.replace("\n", "\r\n");
+}
+} // namespace
+
+void MDIForm1::LeggiImpostazioni()
+{
+    QStringList linee;
+    try {
+        linee = LineeDelFile(PercorsoVarbelIni());
+    } catch (ErroreRuntime &errore) {
+        errore.termina = errore.numero == 53;
+        errore.testo = (errore.termina ? ErroreRuntime(53).testo + u": "_s : u"Impossibile leggere "_s) +
+                       PercorsoVarbelIni() + (errore.termina ? QString() : u".\n"_s + errore.testo);
+        if (errore.termina)
+            throw;
+        SegnalaErrore(nullptr, errore);
+    }
+    ImpostazioniVarbel lette;
+    try {
+        lette = LeggiVarbel(linee);
+    } catch (ErroreRuntime &errore) {
+        errore.termina = true;
+        throw;
+    }
+    stato().recenti = lette.recenti;
+    stato().DimensioneFont = lette.dimensioneFont.value_or(stato().DimensioneFont);
+    // The shipped file cannot know the user's folder and leaves the line blank.
+    servizi().dlgFile.cartella = lette.cartella.trimmed().isEmpty()
+                                     ? QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)
+                                     : lette.cartella;
+    AggiornaMenuRecenti();
+}
+
+void MDIForm1::ErroreIni(const QString &percorso)
+{
+    Messaggio(this, QMessageBox::Critical, u"Errore!"_s,
+              u"Il File di inizializzazione "_s + percorso + u" non è valido o non esiste."_s);
+}
+
+bool MDIForm1::NomeRiservato(const QString &percorso)
+{
+    // Saving under such a name would overwrite the dictionary, or the program's settings, with the companion file.
+    const QString ini = PercorsoIniScritto(percorso);
+    const QString varbel = PercorsoAssoluto(PercorsoVarbelIni());
+    if (ini != percorso && PercorsoIniAccanto(percorso) != percorso && ini != varbel && percorso != varbel)
+        return false;
+    Messaggio(this, QMessageBox::Critical, u"Errore!"_s,
+              u"Il nome "_s + percorso +
+                  u" non può essere quello di un dizionario: è riservato a un file di impostazioni."_s);
+    return true;
+}
+
+void MDIForm1::MostraDizionario()
+{
+    MostraFinestra(u"VisualizzaForm1"_s);
+    stato().DizionarioAperto = true;
+}
+
+void MDIForm1::mnuFileNuovo()
+{
+    Module1::Stato &s = stato();
+    DlgFile dlg = servizi().dlgFile;
+    dlg.titolo = u"Nuovo"_s;
+    dlg.cartella = s.CartellaProgramma;
+    dlg.estensione = u".dic"_s;
+    dlg.nomeFile.clear();
+    dlg.filtro = u"*.dic (dizionari)|*.dic"_s;
+    if (!MostraDlgFile(this, dlg, Scelta::SalvaEsistente) || NomeRiservato(dlg.nomeFile))
+        return;
+    const bool esisteva = QFileInfo::exists(dlg.nomeFile);
+    CreaFile(dlg.nomeFile);
+    servizi().dlgFile.nomeFile = dlg.nomeFile;
+    s.NuovoDizionario = true;
+    m_fileCreato = !esisteva;
+    s.PercorsoDizionario = dlg.nomeFile;
+    s.PercorsoIni = PercorsoIniAccanto(s.PercorsoDizionario);
+    s.impostazioni = ImpostazioniDizionario();
+    s.impostazioni.lingua1 = u"lingua1"_s;
+    s.impostazioni.lingua2 = u"lingua2"_s;
+    AbilitaComuni(true);
+    try {
+        mnuFileProprieta();
+        MostraDizionario();
+    } catch (ErroreRuntime &errore) {
+        Chiudi();
+        errore.testo = u"Impossibile leggere il dizionario "_s + dlg.nomeFile + u".\n"_s + errore.testo;
+        throw;
+    }
+}
+
+void MDIForm1::mnuFileNuovoDaModello()
+{
+    const auto scegli = [this](const QString &messaggio, Scelta scelta) {
+        Messaggio(this, QMessageBox::Information, u"Varbel"_s, messaggio);
+        DlgFile dlg = servizi().dlgFile;
+        dlg.titolo.clear();
+        dlg.filtro = FiltroModello;
+        dlg.nomeFile.clear();
+        return MostraDlgFile(this, dlg, scelta) ? dlg.nomeFile : QString();
+    };
+    const QString modello = scegli(u"Selezionare il dizionario di cui copiare il formato"_s, Scelta::Apri);
+    if (modello.isEmpty())
+        return;
+    const QString iniModello = PercorsoIniLetto(modello);
+    QByteArray formato;
+    try {
+        formato = LeggiTutto(iniModello);
+        LeggiIni(formato);
+    } catch (const ErroreRuntime &) {
+        ErroreIni(iniModello);
+        return;
+    }
+    const QString nuovo = scegli(u"Ora Selezionare il nome del file nuovo da salvare"_s, Scelta::ApriAncheNuovo);
+    if (nuovo.isEmpty() || NomeRiservato(nuovo))
+        return;
+    if (QFileInfo::exists(nuovo))
+        throw ErroreRuntime(58, u"Il file "_s + nuovo + u" esiste già. Scegliere un nome nuovo."_s);
+    CreaFile(nuovo);
+    const QString ini = PercorsoIniAccanto(nuovo);
+    try {
+        ScriviInPosto(ini, ConLineeCrLf(formato));
+    } catch (ErroreRuntime &errore) {
+        QFile::remove(nuovo);
+        errore.testo = u"Impossibile scrivere "_s + ini + u".\n"_s + errore.testo;
+        throw;
+    }
+    stato().PercorsoDizionario = nuovo;
+    mnuFileApri();
+}
+
+void MDIForm1::SimulaApertura()
+{
+    Protetto(this, [this] { mnuFileApri(); });
+}
+
+void MDIForm1::mnuFileApri()
+{
+    Module1::Stato &s = stato();
+    s.NuovoDizionario = false;
+    DlgFile &dlg = servizi().dlgFile;
+    if (s.PercorsoDizionario.isEmpty()) {
+        DlgFile scelta = dlg;
+        scelta.titolo = u"Apri"_s;
+        scelta.nomeFile.clear();
+        if (MostraDlgFile(this, scelta, Scelta::Apri))
+            s.PercorsoDizionario = scelta.nomeFile;
+    }
+    if (s.PercorsoDizionario.isEmpty())
+        return;
+    s.PercorsoDizionario = PercorsoAssoluto(s.PercorsoDizionario);
+    dlg.nomeFile = s.PercorsoDizionario;
+    StatoAperto();
+    s.PercorsoIni = PercorsoIniLetto(s.PercorsoDizionario);
+    try {
+        if (!QFileInfo::exists(s.PercorsoDizionario))
+            throw ErroreRuntime(53);
+        s.impostazioni = LeggiFileIni(s.PercorsoIni);
+    } catch (const ErroreRuntime &) {
+        ErroreIni(s.PercorsoIni);
+        Chiudi();
+        return;
+    }
+    try {
+        MostraDizionario();
+    } catch (ErroreRuntime &errore) {
+        errore.testo = u"Impossibile leggere il dizionario "_s + s.PercorsoDizionario + u".\n"_s + errore.testo;
+        Chiudi();
+        throw;
+    }
+}
+
+void MDIForm1::mnuFileRecente(std::size_t i)
+{
+    stato().PercorsoDizionario = stato().recenti[i];
+    mnuFileApri();
+}
+
+bool MDIForm1::SalvaDocumento()
+{
+    Module1::Stato &s = stato();
+    if (NomeRiservato(s.PercorsoDizionario))
+        return false;
+    s.NuovoDizionario = false;
+    QString percorso = s.PercorsoDizionario;
+    try {
+        SalvaDizionario(percorso, s.Dizionario1, s.LenDizionario1);
+        percorso = s.PercorsoIni = PercorsoIniScritto(s.PercorsoDizionario);
+        ScriviInPosto(percorso, ScriviIni(s.impostazioni));
+    } catch (const ErroreRuntime &errore) {
+        // What stands on the disk now may be less than what is in memory.
+        SegnaModificato();
+        Messaggio(this, QMessageBox::Critical, u"Errore!"_s,
+                  u"Impossibile salvare "_s + percorso + u".\n"_s + errore.testo +
+                      u"\nLe voci restano nel programma: liberare spazio o salvare con un altro nome."_s);
+        return false;
+    }
+    s.Modificato = false;
+    return true;
+}
+
+void MDIForm1::mnuFileSalva()
+{
+    SalvaDocumento();
+}
+
+void MDIForm1::mnuFileSalvaConNome()
+{
+    Module1::Stato &s = stato();
+    DlgFile dlg = servizi().dlgFile;
+    dlg.titolo = u"Salva con nome"_s;
+    dlg.nomeFile = s.PercorsoDizionario;
+    const QString percorso = s.PercorsoDizionario;
+    const QString ini = s.PercorsoIni;
+    const bool modificato = s.Modificato;
+    if (MostraDlgFile(this, dlg, Scelta::Salva))
+        s.PercorsoDizionario = dlg.nomeFile;
+    if (!SalvaDocumento()) {
+        // The dictionary under its own name is untouched by what happened to the other one.
+        if (s.PercorsoDizionario != percorso)
+            s.Modificato = modificato;
+        s.PercorsoDizionario = percorso;
+        s.PercorsoIni = ini;
+        return;
+    }
+    servizi().dlgFile.nomeFile = s.PercorsoDizionario;
+    if (QMdiSubWindow *visualizza = FinestraAperta(u"VisualizzaForm1"_s))
+        static_cast<VisualizzaForm1 *>(visualizza->widget())->AggiornaTitolo();
+}
+
+void MDIForm1::simulachiusura(bool &annulla)
+{
+    Module1::Stato &s = stato();
+    if (s.Modificato) {
+        const auto risposta = Messaggio(this, QMessageBox::Question, u"Salvare?"_s,
+                                        u"Il dizionario "_s + s.PercorsoDizionario + u" è stato modificato. Salvare?"_s,
+                                        QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+        if (risposta == QMessageBox::No) {
+            if (s.NuovoDizionario && m_fileCreato)
+                QFile::remove(s.PercorsoDizionario);
+            s.Modificato = false;
+        } else if (risposta != QMessageBox::Yes || !SalvaDocumento()) {
+            annulla = true;
+            return;
+        }
+    }
+    Abilita(u"mnuFileApri"_s, true);
+    Abilita(u"mnuFileChiudi"_s, false);
+    s.DizionarioAperto = false;
+    Chiudi();
+}
+
+void MDIForm1::mnuFileChiudi()
+{
+    bool annulla = false;
+    if (stato().DizionarioAperto)
+        simulachiusura(annulla);
+}
+
+void MDIForm1::Chiudi()
+{
+    Module1::Stato &s = stato();
+    s.DizionarioAperto = false;
+    StatoChiuso();
+    ScaricaFinestre({u"EsercizioForm1"_s, u"InserimentoForm1"_s, u"proprietaForm1"_s, u"VisualizzaForm1"_s});
+    AggiornaRecenti(s.recenti, s.PercorsoDizionario);
+    AggiornaMenuRecenti();
+    try {
+        // Named without a folder: the current one.
+        RiscriviFileVarbel(PercorsoVarbelIni(), u"x1x2x3x4.zzz"_s, s.recenti, servizi().dlgFile.cartella,
+                           s.DimensioneFont);
+    } catch (const ErroreRuntime &errore) {
+        Messaggio(this, QMessageBox::Critical, u"Errore!"_s,
+                  u"Impossibile aggiornare "_s + PercorsoVarbelIni() + u".\n"_s + errore.testo);
+    }
+    Module1::AzzeraDizionario();
+    servizi().dlgFile.nomeFile.clear();
+    s.Modificato = false;
+    s.NuovoDizionario = false;
+    m_fileCreato = false;
+    servizi().mnuFinestre->setVisible(false);
+}

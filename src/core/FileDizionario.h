@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 The Varbel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/Tabella.h"
+
+#include <QByteArray>
+#include <QIODevice>
+#include <QString>
+
+/// Reads the lines of a dictionary file: UTF-16 little-endian, a line ended by a zero unit or by an LF after a CR,
+/// the CR kept, byte-order marks skipped, CR and LF told by their low byte alone. The end of the file is noticed only
+/// by a read that meets it, so a file that ends in CR LF yields one more, empty line.
+struct LettoreDizionario {
+    explicit LettoreDizionario(QIODevice &dispositivo);
+
+    QIODevice &dispositivo;
+    QByteArray blocco;
+    qsizetype posto = 0;
+    bool fine = false;
+};
+
+/// The next line into `linea` (its storage is reused); false at the end. ErroreRuntime 57 when reading fails.
+bool LeggiLinea(LettoreDizionario &lettore, QString &linea);
+
+/// Empties the table and fills it from the file, doubling it when full. Returns the last-row index: rows read - 1, or
+/// 0 when there were none. ErroreRuntime 57 when reading fails; the table is then empty.
+qint32 CaricaDizionario(QIODevice &dispositivo, Tabella &tabella);
+
+/// As above, opening the file. ErroreRuntime 53, 70 or 75 when it cannot be opened; the table is then untouched.
+qint32 CaricaDizionario(const QString &percorso, Tabella &tabella);
+
+/// Writes one stored line and its CR LF for each row 0 to `ultima` that is no hole.
+void ScriviDizionario(QIODevice &dispositivo, const Tabella &tabella, qint32 ultima);
+
+/// Deletes the file and writes it anew. ErroreRuntime as `ScriviInPosto`.
+void SalvaDizionario(const QString &percorso, const Tabella &tabella, qint32 ultima);

@@ -1,0 +1,91 @@
+// SPDX-FileCopyrightText: 2026 The Varbel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/FileInPosto.h"
+
+#include "core/ErroreRuntime.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <cerrno>
+
+#ifdef Q_OS_WIN
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
+namespace
+{
+bool SvuotaSulDisco(QFile &file)
+{
+    if (!file.flush())
+        return false;
+#ifdef Q_OS_WIN
+    return _commit(file.handle()) == 0;
+#else
+    // Not every file system can do it; what cannot be flushed further is not a failed write.
+    return fsync(file.handle()) == 0 || errno == EINVAL || errno == ENOTSUP;
+#endif
+}
+
+ErroreRuntime ErroreScrittura(const QFileDevice &file)
+{
+    const bool pieno = file.error() == QFileDevice::ResourceError;
+    return ErroreRuntime(pieno ? 61 : 57, file.errorString());
+}
+} // namespace
+
+void ErroreApertura(const QString &percorso, const QString &motivo)
+{
+    const QFileInfo info(percorso);
+    if (!info.exists())
+        throw ErroreRuntime(53, motivo);
+    throw ErroreRuntime(info.isFile() ? 70 : 75, motivo);
+}
+
+void ScriviTutto(QIODevice &dispositivo, QByteArrayView byte)
+{
+    // A device that takes only a part says why at the next attempt.
+    while (!byte.isEmpty()) {
+        const qint64 scritti = dispositivo.write(byte.data(), byte.size());
+        if (scritti <= 0) {
+            const auto *file = qobject_cast<QFileDevice *>(&dispositivo);
+            throw file ? ErroreScrittura(*file) : ErroreRuntime(57, dispositivo.errorString());
+        }
+        byte = byte.sliced(scritti);
+    }
+}
+
+void ScriviInPosto(const QString &percorso, const std::function<void(QIODevice &)> &scrivi)
+{
+    QFile::remove(percorso);
+    QFile file(percorso);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
+        throw ErroreRuntime(75, file.errorString());
+    scrivi(file);
+    const qint64 attesi = file.pos();
+    if (!SvuotaSulDisco(file))
+        throw ErroreRuntime(57, qt_error_string());
+    file.close();
+    if (file.error() != QFileDevice::NoError)
+        throw ErroreScrittura(file);
+    if (QFileInfo(percorso).size() != attesi)
+        throw ErroreRuntime(57);
+}
+
+void ScriviInPosto(const QString &percorso, const QByteArray &byte)
+{
+    ScriviInPosto(percorso, [&byte](QIODevice &file) { ScriviTutto(file, byte); });
+}
+
+QByteArray LeggiTutto(const QString &percorso)
+{
+    QFile file(percorso);
+    if (!file.open(QIODevice::ReadOnly))
+        ErroreApertura(percorso, file.errorString());
+    QByteArray byte = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        throw ErroreRuntime(57, file.errorString());
+    return byte;
+}

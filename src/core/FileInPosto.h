@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The Varbel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QByteArray>
+#include <QIODevice>
+#include <QString>
+
+#include <functional>
+
+/// Writes a file in place: deletes the one that is there (a failure to delete is no error), then opens, writes with
+/// `scrivi`, flushes to the disk, checks the size on it and closes. ErroreRuntime 57, 61 or 75 with the reason.
+void ScriviInPosto(const QString &percorso, const std::function<void(QIODevice &)> &scrivi);
+
+/// As above, with the bytes themselves.
+void ScriviInPosto(const QString &percorso, const QByteArray &byte);
+
+/// The bytes of a whole file. ErroreRuntime 53 when there is none, 57, 70 or 75 with the reason when it cannot be read.
+QByteArray LeggiTutto(const QString &percorso);
+
+/// Writes all of `byte` or throws ErroreRuntime 57 with the device's reason.
+void ScriviTutto(QIODevice &dispositivo, QByteArrayView byte);
+
+/// Throws the ErroreRuntime for a file that could not be opened: 53 when it does not exist, else 70 or 75.
+[[noreturn]] void ErroreApertura(const QString &percorso, const QString &motivo);

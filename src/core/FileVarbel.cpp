@@ -1,0 +1,143 @@
+// SPDX-FileCopyrightText: 2026 The Varbel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/FileVarbel.h"
+
+#include "core/ErroreRuntime.h"
+#include "core/FileInPosto.h"
+#include "core/Testo8Bit.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+qint32 Numero(const QString &linea)
+{
+    bool valido = false;
+    const double valore = linea.trimmed().replace(u',', u'.').toDouble(&valido);
+    if (!valido || !std::isfinite(valore))
+        throw ErroreRuntime(13);
+    const double intero = std::nearbyint(valore);
+    if (intero < std::numeric_limits<qint32>::min() || intero > std::numeric_limits<qint32>::max())
+        throw ErroreRuntime(6);
+    return static_cast<qint32>(intero);
+}
+} // namespace
+
+ImpostazioniVarbel LeggiVarbel(const QStringList &linee)
+{
+    ImpostazioniVarbel lette;
+    bool inRecenti = false;
+    bool inCartella = false;
+    bool inFont = false;
+    std::size_t k = 0;
+    for (const QString &linea : linee) {
+        if (inRecenti) {
+            lette.recenti[k] = linea;
+            ++k;
+            inRecenti = k < lette.recenti.size();
+        }
+        if (inCartella) {
+            lette.cartella = linea;
+            inCartella = false;
+        }
+        if (inFont) {
+            inFont = false;
+            lette.dimensioneFont = Numero(linea);
+        }
+        if (linea == u"[Recenti]")
+            inRecenti = k < lette.recenti.size();
+        else if (linea == u"[Lingue]")
+            inRecenti = false;
+        else if (linea == u"[Directory]") {
+            inRecenti = false;
+            inCartella = true;
+        } else if (linea == u"[Font]")
+            inFont = true;
+    }
+    return lette;
+}
+
+void AggiornaRecenti(Recenti &recenti, const QString &percorso)
+{
+    if (percorso.isEmpty())
+        return;
+    const auto trovato = std::find(recenti.begin(), recenti.end(), percorso);
+    const auto ultimo = trovato == recenti.end() ? recenti.end() - 1 : trovato;
+    std::move_backward(recenti.begin(), ultimo, ultimo + 1);
+    recenti.front() = percorso;
+}
+
+QStringList RiscriviVarbel(const QStringList &linee, const Recenti &recenti, const QString &cartella,
+                           qint32 dimensioneFont)
+{
+    QStringList riscritte;
+    bool inRecenti = false;
+    bool inCartella = false;
+    bool inFont = false;
+    bool recentiScritti = false;
+    for (const QString &linea : linee) {
+        if (inRecenti) {
+            if (!recentiScritti)
+                std::copy_if(recenti.cbegin(), recenti.cend(), std::back_inserter(riscritte),
+                             [](const QString &percorso) { return !percorso.isEmpty(); });
+            recentiScritti = true;
+        } else if (inCartella) {
+            inCartella = false;
+            riscritte += cartella;
+        } else if (inFont)
+            riscritte += QString::number(dimensioneFont);
+        else
+            riscritte += linea;
+
+        if (linea == u"[Recenti]")
+            inRecenti = true;
+        else if (linea == u"[Lingue]") {
+            inRecenti = false;
+            riscritte += linea;
+        } else if (linea == u"[Directory]") {
+            inRecenti = false;
+            inCartella = true;
+        } else if (linea == u"[Font]")
+            inFont = true;
+    }
+    return riscritte;
+}
+
+QStringList LineeDelFile(const QString &percorso)
+{
+    return Testo8Bit::Linee(Testo8Bit::Leggi(LeggiTutto(percorso)));
+}
+
+void RiscriviFileVarbel(const QString &percorso, const QString &temporaneo, const Recenti &recenti,
+                        const QString &cartella, qint32 dimensioneFont)
+{
+    const QByteArray prima = LeggiTutto(percorso);
+    const QStringList linee = Testo8Bit::Linee(Testo8Bit::Leggi(prima));
+    const QByteArray dopo =
+        Testo8Bit::Scrivi(Testo8Bit::Unisci(RiscriviVarbel(linee, recenti, cartella, dimensioneFont)));
+    const auto rinuncia = [&temporaneo](const QString &motivo) {
+        QFile::remove(temporaneo);
+        throw ErroreRuntime(75, motivo);
+    };
+    try {
+        ScriviInPosto(temporaneo, dopo);
+    } catch (const ErroreRuntime &errore) {
+        rinuncia(errore.testo);
+    }
+    QFile vecchio(percorso);
+    if (!vecchio.remove())
+        rinuncia(vecchio.errorString());
+    QFile nuovo(temporaneo);
+    if (!nuovo.rename(percorso)) {
+        const QString motivo = nuovo.errorString();
+        // The temporary file goes only when the old contents stand again.
+        ScriviInPosto(percorso, prima);
+        rinuncia(motivo);
+    }
+}

@@ -1,0 +1,142 @@
+// SPDX-FileCopyrightText: 2026 The Varbel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "edit/ListaParole.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+#include <QStyledItemDelegate>
+
+#include <algorithm>
+
+namespace
+{
+// What is painted of a word: a line of megabytes, or one with controls in it, must not stop the list.
+class DelegatoParola : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    [[nodiscard]] QString displayText(const QVariant &valore, const QLocale & /*locale*/) const override
+    {
+        constexpr qsizetype massimo = 500;
+        QString testo = valore.toString().left(massimo);
+        std::replace_if(
+            testo.begin(), testo.end(), [](QChar c) { return c.category() == QChar::Other_Control; }, QChar(u' '));
+        return testo;
+    }
+};
+} // namespace
+
+ModelloColonna::ModelloColonna(const Tabella &tabella, int colonna, QObject *genitore)
+    : QAbstractListModel(genitore), m_tabella(tabella), m_colonna(static_cast<std::size_t>(colonna))
+{
+}
+
+void ModelloColonna::Aggiorna(qint32 righe)
+{
+    beginResetModel();
+    m_righe = std::clamp(righe, 0, Capacita(m_tabella) + 1);
+    endResetModel();
+}
+
+int ModelloColonna::rowCount(const QModelIndex &genitore) const
+{
+    return genitore.isValid() ? 0 : m_righe;
+}
+
+QVariant ModelloColonna::data(const QModelIndex &indice, int ruolo) const
+{
+    if (ruolo != Qt::DisplayRole || !indice.isValid() || indice.row() >= m_righe)
+        return {};
+    return m_tabella.righe[static_cast<std::size_t>(indice.row())][m_colonna];
+}
+
+QModelIndexList ModelloColonna::match(const QModelIndex &inizio, int ruolo, const QVariant &valore, int quanti,
+                                      Qt::MatchFlags modo) const
+{
+    if (ruolo != Qt::DisplayRole || quanti != 1 || !modo.testFlags(Qt::MatchStartsWith | Qt::MatchWrap))
+        return QAbstractListModel::match(inizio, ruolo, valore, quanti, modo);
+    const QString testo = valore.toString();
+    for (qint32 i = 0; i < m_righe; ++i) {
+        const qint32 riga = (inizio.row() + i) % m_righe;
+        if (m_tabella.righe[static_cast<std::size_t>(riga)][m_colonna].startsWith(testo, Qt::CaseInsensitive))
+            return {index(riga)};
+    }
+    return {};
+}
+
+ListaParole::ListaParole(QWidget *genitore) : QTableView(genitore)
+{
+    setItemDelegate(new DelegatoParola(this));
+    setEditTriggers(NoEditTriggers);
+    setSelectionMode(SingleSelection);
+    setTabKeyNavigation(false);
+    setShowGrid(false);
+    setWordWrap(false);
+    setCornerButtonEnabled(false);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollMode(ScrollPerItem);
+    horizontalHeader()->hide();
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setMinimumSectionSize(1);
+}
+
+qint32 ListaParole::ListIndex() const
+{
+    const QModelIndexList scelte = selectionModel() ? selectionModel()->selectedIndexes() : QModelIndexList();
+    return scelte.isEmpty() ? -1 : scelte.constFirst().row();
+}
+
+void ListaParole::ImpostaListIndex(qint32 riga)
+{
+    const QScopedValueRollback daProgramma(m_daProgramma, true);
+    if (riga < 0)
+        clearSelection();
+    else
+        setCurrentIndex(model()->index(riga, 0));
+}
+
+void ListaParole::ImpostaAltezzaRiga(int altezza)
+{
+    verticalHeader()->setDefaultSectionSize(altezza);
+}
+
+void ListaParole::keyPressEvent(QKeyEvent *evento)
+{
+    if (evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter)
+        emit invio();
+    else if (evento->key() == Qt::Key_Delete)
+        emit canc();
+    else
+        QTableView::keyPressEvent(evento);
+}
+
+void ListaParole::selectionChanged(const QItemSelection &ora, const QItemSelection &prima)
+{
+    QTableView::selectionChanged(ora, prima);
+    if (!m_daProgramma)
+        emit clic();
+}
+
+QItemSelectionModel::SelectionFlags ListaParole::selectionCommand(const QModelIndex &indice,
+                                                                  const QEvent * /*evento*/) const
+{
+    return indice.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
+}
+
+QModelIndex ListaParole::moveCursor(CursorAction azione, Qt::KeyboardModifiers tasti)
+{
+    const int righe = model() ? model()->rowCount() : 0;
+    if (azione == MoveHome || azione == MoveEnd)
+        return righe > 0 ? model()->index(azione == MoveHome ? 0 : righe - 1, 0) : QModelIndex();
+    // Without a current row an arrow starts where the user is looking, not at the top.
+    if (!currentIndex().isValid() && (azione == MoveUp || azione == MoveDown)) {
+        const QModelIndex inVista = indexAt(QPoint(1, 1));
+        if (inVista.isValid())
+            return inVista;
+    }
+    return QTableView::moveCursor(azione, tasti);
+}

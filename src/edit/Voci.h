@@ -1,0 +1,13 @@
+// SPDX-FileCopyrightText: 2026 The Varbel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QtGlobal>
+
+/// The viewer's delete: the last row over row k, the last row emptied, the last-row index one less, the table sorted.
+/// Closes no gap. ErroreRuntime 9, which ends the program, when k is no row.
+void EliminaVoce(qint32 k);
+
+/// Closes the holes among the rows 0 to the last-row index, which keeps its value. Returns the last row to list, -1
+/// when none is.
+qint32 RaccogliVoci();

@@ -1,0 +1,107 @@
+// SPDX-FileCopyrightText: 2026 The Varbel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "app/MDIForm1.h"
+#include "core/FileInPosto.h"
+#include "core/Module1.h"
+#include "edit/ListaParole.h"
+#include "edit/VisualizzaForm1.h"
+
+#include <QAction>
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QMenu>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <memory>
+
+/// A program of its own for one test: a folder with varbel.ini, the current folder in it, the state at its start.
+struct Banco {
+    Banco()
+    {
+        QDir().mkpath(cartella.filePath(QStringLiteral("programma")));
+        ScriviInPosto(Ini(), LeggiTutto(QStringLiteral(ASSETS "/varbel.ini")));
+        QDir::setCurrent(cartella.path());
+        Avvia();
+    }
+    ~Banco()
+    {
+        finestra.reset();
+        QDir::setCurrent(QDir::rootPath());
+        Module1::Azzera();
+    }
+    Q_DISABLE_COPY_MOVE(Banco)
+
+    void Avvia()
+    {
+        finestra.reset();
+        Module1::Azzera();
+        Module1::stato().CartellaProgramma = cartella.filePath(QStringLiteral("programma"));
+        finestra = std::make_unique<MDIForm1>();
+        finestra->show();
+    }
+
+    [[nodiscard]] QString Ini() const { return cartella.filePath(QStringLiteral("programma/varbel.ini")); }
+    [[nodiscard]] QString File(const QString &nome) const { return cartella.filePath(nome); }
+
+    /// A dictionary of these stored lines, with a companion file unless `ini` is null.
+    QString Dizionario(const QString &nome, const QStringList &linee,
+                       const QByteArray &ini = ScriviIni(ImpostazioniDizionario())) const
+    {
+        QString testo;
+        for (const QString &linea : linee)
+            testo += linea + QStringLiteral("\r\n");
+        ScriviInPosto(File(nome), QByteArray(reinterpret_cast<const char *>(testo.utf16()), testo.size() * 2));
+        if (!ini.isNull())
+            ScriviInPosto(File(nome.chopped(3) + QStringLiteral("ini")), ini);
+        return File(nome);
+    }
+
+    void Apri(const QString &percorso) const
+    {
+        Module1::stato().PercorsoDizionario = percorso;
+        finestra->SimulaApertura();
+    }
+
+    [[nodiscard]] QAction *Azione(const QString &nome) const { return finestra->findChild<QAction *>(nome); }
+    void Comando(const QString &nome) const { Azione(nome)->trigger(); }
+
+    [[nodiscard]] VisualizzaForm1 *Visualizza() const
+    {
+        return finestra->findChild<VisualizzaForm1 *>(QStringLiteral("VisualizzaForm1"));
+    }
+    [[nodiscard]] ListaParole *Lista(int lingua) const
+    {
+        return Visualizza()->findChild<ListaParole *>(QStringLiteral("ListaParoleLingua%1").arg(lingua));
+    }
+    [[nodiscard]] QStringList Parole(int lingua) const
+    {
+        QStringList parole;
+        const QAbstractItemModel *modello = Lista(lingua)->model();
+        for (int i = 0; i < modello->rowCount(); ++i)
+            parole += modello->index(i, 0).data().toString();
+        return parole;
+    }
+    [[nodiscard]] QString Testo(const QString &etichetta) const
+    {
+        return Visualizza()->findChild<QLabel *>(etichetta)->text();
+    }
+    void Premi(const QString &pulsante) const { Visualizza()->findChild<QPushButton *>(pulsante)->click(); }
+
+    /// The stored lines of a dictionary file, without their ends.
+    static QStringList Linee(const QString &percorso)
+    {
+        const QByteArray byte = LeggiTutto(percorso);
+        const QString testo(reinterpret_cast<const QChar *>(byte.constData()), byte.size() / 2);
+        QStringList linee = testo.split(QStringLiteral("\r\n"));
+        linee.removeLast();
+        return linee;
+    }
+
+    QTemporaryDir cartella;
+    std::unique_ptr<MDIForm1> finestra;
+};
