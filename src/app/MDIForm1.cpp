@@ -15,7 +15,7 @@
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QMimeData>
-#include <QPointer>
+#include <QScreen>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -57,7 +57,7 @@ MDIForm1::MDIForm1() : m_area(new QMdiArea(this))
     setWindowTitle(u"Varbel"_s);
     setAcceptDrops(true);
     setCentralWidget(m_area);
-    resize(1000, 700);
+    resize(QSize(1000, 700).boundedTo(screen()->availableSize() * 0.95));
     servizi() = Servizi();
 
     m_finestre.insert(u"VisualizzaForm1"_s, [this] { return CreaVisualizza(); });
@@ -287,7 +287,11 @@ QWidget *MDIForm1::MostraFinestra(const QString &nome)
         if (!m_finestre.contains(nome))
             return nullptr;
         QWidget *form = m_finestre.value(nome)();
+        // A size that the form gives itself is that of the whole child window, frame and title included.
+        const QSize esterna = form->testAttribute(Qt::WA_Resized) ? form->size() : QSize();
         finestra = m_area->addSubWindow(form);
+        if (!esterna.isNull())
+            finestra->resize(esterna);
     }
     finestra->show();
     m_area->setActiveSubWindow(finestra);

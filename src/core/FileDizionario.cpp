@@ -12,7 +12,7 @@
 
 namespace
 {
-constexpr qsizetype DimensioneBlocco = 256 * 1024;
+constexpr qsizetype DimensioneBlocco = 0x40000;
 constexpr char16_t OrdineByte = 0xFEFF;
 
 // False at the end of the file; a lone last byte is completed with a zero one.
