@@ -79,7 +79,7 @@ protected:
     }
 
 private:
-    qint64 Muove(qint64 quanti) const { return std::min({quanti, buoni, tratto}); }
+    [[nodiscard]] qint64 Muove(qint64 quanti) const { return std::min({quanti, buoni, tratto}); }
     qint64 Conta(qint64 quanti, qint64 mossi)
     {
         if (quanti > 0 && buoni == 0) {
@@ -142,7 +142,7 @@ public:
     ~DiscoPieno()
     {
         setrlimit(RLIMIT_FSIZE, &prima);
-        std::signal(SIGXFSZ, segnale);
+        static_cast<void>(std::signal(SIGXFSZ, segnale));
     }
     Q_DISABLE_COPY_MOVE(DiscoPieno)
 

@@ -321,8 +321,8 @@ void TestMDIForm1::listaDelleFinestre()
 void TestMDIForm1::limiteDelleFinestre()
 {
     const Banco banco;
-    QWidget finestre[11];
-    for (int i = 0; i < 10; ++i)
+    std::array<QWidget, 11> finestre;
+    for (std::size_t i = 0; i < 10; ++i)
         Module1::RegisterWindow(&finestre[i]);
     QCOMPARE(ListaFinestre().size(), 10);
     const auto errore9 = [](const auto &operazione) {

@@ -9,6 +9,8 @@
 #include "core/Riga.h"
 #include "core/Testo8Bit.h"
 
+#include <array>
+
 #include <QRandomGenerator>
 #include <QTest>
 
@@ -18,7 +20,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr qsizetype Blocco = 256 * 1024;
+constexpr qsizetype Blocco = 0x40000;
 
 QString Fixture(const QString &nome)
 {
@@ -193,8 +195,8 @@ private slots:
         QTest::newRow("zero-nel-mezzo") << QStringList{u"@re@ki"_s, u"ng@\r"_s, u"@due@two@\r"_s, u""_s};
         QTest::newRow("u010d-poi-u010a") << QStringList{u"@če@x"_s, u"y@z@\r"_s, u""_s};
         QTest::newRow("lf-e-cr-da-soli") << QStringList{u"@a\nb@c@\rd\r"_s, u""_s};
-        static constexpr char16_t soli[] = {0xD800, u'@', 0xDC00, u'@', u'x', 0xDFFF, u'@', 0xD83D, u'\r', 0};
-        QTest::newRow("surrogati-soli") << QStringList{QString::fromUtf16(soli), u""_s};
+        static constexpr std::array<char16_t, 9> soli = {0xD800, u'@', 0xDC00, u'@', u'x', 0xDFFF, u'@', 0xD83D, u'\r'};
+        QTest::newRow("surrogati-soli") << QStringList{QString::fromUtf16(soli.data(), soli.size()), u""_s};
     }
 
     void fileDizionario()

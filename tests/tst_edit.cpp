@@ -274,7 +274,7 @@ private slots:
             for (RigaTabella &r : veloce.righe)
                 r = {ParolaACaso(caso), ParolaACaso(caso), QString::number(++numero)};
             const qint32 n = caso.bounded(righe + 1);
-            const std::size_t colonna = volta % 2;
+            const std::size_t colonna = volta % 2 == 0 ? 0 : 1;
             // The usual table was sorted before, then one row or what follows it changed.
             if (volta % 6 > 1)
                 OrdinaPiano(veloce, volta % 6 > 3 ? n : caso.bounded(righe + 1), colonna);

@@ -275,7 +275,7 @@ QMdiSubWindow *MDIForm1::FinestraAperta(const QString &nome) const
 {
     const QList<QMdiSubWindow *> finestre = m_area->subWindowList();
     const auto trovata = std::find_if(finestre.cbegin(), finestre.cend(), [&nome](const QMdiSubWindow *finestra) {
-        return finestra->widget() && finestra->widget()->objectName() == nome;
+        return finestra->widget() != nullptr && finestra->widget()->objectName() == nome;
     });
     return trovata == finestre.cend() ? nullptr : *trovata;
 }

@@ -31,7 +31,7 @@ void SegnalaErrore(QWidget *genitore, const ErroreRuntime &errore)
         return;
     }
     const QString testo = u"Errore di run-time '%1': "_s.arg(errore.numero) + errore.testo;
-    std::fputs((testo + u'\n').toLocal8Bit().constData(), stderr);
+    static_cast<void>(std::fputs((testo + u'\n').toLocal8Bit().constData(), stderr));
     ProgrammaTerminato() = true;
     Messaggio(genitore, QMessageBox::Critical, u"Varbel"_s, testo);
     QCoreApplication::exit(1);

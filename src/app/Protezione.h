@@ -8,6 +8,7 @@
 #include <QObject>
 
 #include <new>
+#include <type_traits>
 #include <utility>
 
 /// A modal message box with plain text; returns the button pressed.
@@ -40,11 +41,9 @@ void Collega(const Mittente *mittente, Segnale segnale, QWidget *finestra, Funzi
 {
     QObject::connect(mittente, segnale, finestra,
                      [finestra, funzione]<typename... Argomenti>(Argomenti &&...argomenti) {
-                         Protetto(finestra, [&] {
-                             if constexpr (requires { funzione(std::forward<Argomenti>(argomenti)...); })
-                                 funzione(std::forward<Argomenti>(argomenti)...);
-                             else
-                                 funzione();
-                         });
+                         if constexpr (std::is_invocable_v<const Funzione &, Argomenti...>)
+                             Protetto(finestra, [&] { funzione(std::forward<Argomenti>(argomenti)...); });
+                         else
+                             Protetto(finestra, funzione);
                      });
 }

@@ -28,7 +28,7 @@ void FineSenzaSchermo(QtMsgType tipo, const QMessageLogContext & /*contesto*/, c
 {
     if (tipo != QtFatalMsg)
         return;
-    std::fprintf(stderr, "Varbel: impossibile aprire lo schermo.\n%s\n", messaggio.toLocal8Bit().constData());
+    static_cast<void>(std::fprintf(stderr, "Varbel: impossibile aprire lo schermo.\n%s\n", qPrintable(messaggio)));
     std::_Exit(1);
 }
 } // namespace
