@@ -23,6 +23,7 @@ private slots:
     void mostraIlDizionarioOrdinato();
     void clicETastieraTengonoLaStessaRiga();
     void dopoUnaRigaSceltaIlMouseNonLaToglie();
+    void tastieraDaSubito();
     void lettereCercano();
     void apreLaVoce();
     void eliminaConOgniRisposta();
@@ -77,6 +78,12 @@ void TestVisualizzaForm1::clicETastieraTengonoLaStessaRiga()
     QCOMPARE(banco.Testo(u"lblNumele"_s), u"Voce 4 di 4"_s);
     QCOMPARE(stato().VoceCorrente, 3);
 
+    // The same row again, in the other list, is a click too.
+    clic(1, 2);
+    QCOMPARE(stato().VoceCorrente, 3);
+    clic(2, 2);
+    QCOMPARE(stato().VoceCorrente, 2);
+
     QTest::keyClick(banco.Lista(2), Qt::Key_Home);
     QCOMPARE(banco.Lista(1)->ListIndex(), 0);
     QTest::keyClick(banco.Lista(1), Qt::Key_End);
@@ -97,6 +104,54 @@ void TestVisualizzaForm1::dopoUnaRigaSceltaIlMouseNonLaToglie()
     QTest::mouseClick(lista->viewport(), Qt::LeftButton, Qt::ControlModifier,
                       lista->visualRect(lista->currentIndex()).center());
     QCOMPARE(lista->ListIndex(), 2);
+}
+
+void TestVisualizzaForm1::tastieraDaSubito()
+{
+    Dialoghi dialoghi;
+    const Banco banco;
+    QVERIFY(QTest::qWaitForWindowActive(banco.finestra.get()));
+    const auto fuoco = [] { return qobject_cast<ListaParole *>(QApplication::focusWidget()); };
+    // The keyboard is in the list at once, whichever way the dictionary came, and its first row can be chosen.
+    banco.Apri(banco.Dizionario(u"una.dic"_s, {u"@sola@only@"_s}));
+    QCOMPARE(fuoco(), banco.Lista(1));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+    QCOMPARE(banco.Lista(2)->ListIndex(), 0);
+    QCOMPARE(banco.Testo(u"lblNumele"_s), u"Voce 1 di 1"_s);
+    banco.Comando(u"mnuFileChiudi"_s);
+    banco.Comando(u"mnuFileRecente(0)"_s);
+    QCOMPARE(fuoco(), banco.Lista(1));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_S);
+    QCOMPARE(banco.Lista(1)->ListIndex(), 0);
+    banco.Comando(u"mnuFileChiudi"_s);
+
+    QStringList linee;
+    for (int i = 0; i < 300; ++i)
+        linee += u"@w%1@p%1@"_s.arg(i, 3, 10, QChar(u'0'));
+    banco.Apri(banco.Dizionario(u"molte.dic"_s, linee));
+    ListaParole *lista = banco.Lista(1);
+    QTest::keyClick(lista, Qt::Key_Tab);
+    QCOMPARE(fuoco(), banco.Lista(2));
+    QTest::keyClick(banco.Lista(2), Qt::Key_Home);
+    QCOMPARE(lista->ListIndex(), 0);
+    // After a delete the next arrow starts where the list stands; Delete again asks nothing.
+    lista->setCurrentIndex(lista->model()->index(150, 0));
+    dialoghi.casella(u"Attenzione!"_s, u"Cancellare la voce : w150 = p150?"_s, QMessageBox::Question, QMessageBox::Yes);
+    QTest::keyClick(lista, Qt::Key_Delete);
+    QTest::keyClick(lista, Qt::Key_Delete);
+    QVERIFY(dialoghi.verifica());
+    lista->setFocus();
+    QTest::keyClick(lista, Qt::Key_Down);
+    QVERIFY(lista->ListIndex() > 100);
+
+    // Enter on a button is that button's.
+    auto *elimina = banco.Visualizza()->findChild<QPushButton *>(u"cmdElimina"_s);
+    elimina->setFocus();
+    const QString parola = lista->currentIndex().data().toString();
+    dialoghi.casella(u"Attenzione!"_s, u"Cancellare la voce : "_s + parola + u" = p"_s + parola.sliced(1) + u'?',
+                     QMessageBox::Question, QMessageBox::No);
+    QTest::keyClick(elimina, Qt::Key_Return);
+    QVERIFY(dialoghi.verifica());
 }
 
 void TestVisualizzaForm1::lettereCercano()

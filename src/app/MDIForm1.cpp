@@ -56,6 +56,10 @@ MDIForm1::MDIForm1() : m_area(new QMdiArea(this))
     setObjectName("MDIForm1"_L1);
     setWindowTitle(u"Varbel"_s);
     setAcceptDrops(true);
+    m_area->setObjectName("MdiArea"_L1);
+    m_area->setActivationOrder(QMdiArea::ActivationHistoryOrder);
+    m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setCentralWidget(m_area);
     resize(QSize(1000, 700).boundedTo(screen()->availableSize() * 0.95));
     servizi() = Servizi();
@@ -69,8 +73,8 @@ MDIForm1::MDIForm1() : m_area(new QMdiArea(this))
             Module1::MarkActiveWindow(attiva->widget());
     });
 
-    for (QAction *voce : servizi().mnuFinestra)
-        voce->setVisible(false);
+    for (std::size_t i = 1; i < servizi().mnuFinestra.size(); ++i)
+        servizi().mnuFinestra[i]->setVisible(false);
     servizi().mnuFinestre->setVisible(false);
     stato().Modificato = false;
     stato().LenDizionario1 = 0;
@@ -293,15 +297,25 @@ QWidget *MDIForm1::MostraFinestra(const QString &nome)
         if (!esterna.isNull())
             finestra->resize(esterna);
     }
-    finestra->show();
-    m_area->setActiveSubWindow(finestra);
+    PortaInPrimoPiano(finestra);
     return finestra->widget();
+}
+
+void MDIForm1::PortaInPrimoPiano(QMdiSubWindow *finestra)
+{
+    if (finestra->isMinimized() || finestra->isShaded())
+        finestra->showNormal();
+    else
+        finestra->show();
+    m_area->setActiveSubWindow(finestra);
+    QWidget *form = finestra->widget();
+    (form->focusWidget() ? form->focusWidget() : form)->setFocus();
 }
 
 QWidget *MDIForm1::CreaVisualizza()
 {
     auto *visualizza = new VisualizzaForm1;
-    visualizza->resize(QSize(width() * 3 / 5, height() * 3 / 4).expandedTo({480, 360}));
+    visualizza->resize(QSize(width() * 3 / 5, height() * 3 / 4));
     connect(visualizza, &VisualizzaForm1::chiusuraRichiesta, this,
             [this](bool &annulla) { Protetto(this, [&] { simulachiusura(annulla); }); });
     Collega(visualizza, &VisualizzaForm1::modificaVoce, this, [this](qint32 voce) { ModificaVoce(voce); });
@@ -322,21 +336,19 @@ void MDIForm1::ScaricaFinestre(const QStringList &nomi)
 
 void MDIForm1::mnuFinestra(qint32 i)
 {
+    // The choice itself has toggled the entry's mark; only activation sets marks.
+    QAction *voce = servizi().mnuFinestra[static_cast<std::size_t>(i)];
+    voce->setChecked(!voce->isChecked());
     QWidget *finestra = Module1::WindowInSlot(i);
-    if (!finestra) {
-        if (QMdiSubWindow *visualizza = FinestraAperta(u"VisualizzaForm1"_s))
-            finestra = visualizza->widget();
-        else
-            return;
-    }
-    Module1::MarkActiveWindow(finestra);
     const QList<QMdiSubWindow *> finestre = m_area->subWindowList();
     const auto sua = std::find_if(finestre.cbegin(), finestre.cend(),
                                   [finestra](const QMdiSubWindow *questa) { return questa->widget() == finestra; });
-    if (sua == finestre.cend())
+    // An entry without a window of its own is the viewer's.
+    QMdiSubWindow *scelta = finestra && sua != finestre.cend() ? *sua : FinestraAperta(u"VisualizzaForm1"_s);
+    if (!scelta)
         return;
-    m_area->setActiveSubWindow(*sua);
-    finestra->setFocus();
+    Module1::MarkActiveWindow(scelta->widget());
+    PortaInPrimoPiano(scelta);
 }
 
 void MDIForm1::closeEvent(QCloseEvent *evento)

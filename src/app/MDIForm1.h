@@ -60,6 +60,7 @@ private:
     [[nodiscard]] QMdiSubWindow *FinestraAperta(const QString &nome) const;
     QWidget *CreaVisualizza();
     void ScaricaFinestre(const QStringList &nomi);
+    void PortaInPrimoPiano(QMdiSubWindow *finestra);
     void mnuFinestra(qint32 i);
 
     void mnuFileNuovo();

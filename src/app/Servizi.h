@@ -8,6 +8,7 @@
 #include <array>
 
 class QAction;
+class QPushButton;
 class QWidget;
 
 /// What the main window lends to the windows below it, for as long as it lives.
@@ -25,6 +26,9 @@ void SegnaModificato();
 
 /// Gives a form, and what it holds, the application's font size.
 void ImpostaFontSize(QWidget *form);
+
+/// Enter in a form clicks the button that has the focus, else the default one.
+void InvioPreme(QWidget *form, QPushButton *predefinito);
 
 /// A text as a menu or label caption that shows every "&" of it.
 QString Didascalia(const QString &testo);

@@ -82,6 +82,7 @@ ListaParole::ListaParole(QWidget *genitore) : QTableView(genitore)
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setMinimumSectionSize(1);
+    connect(this, &QAbstractItemView::clicked, this, &ListaParole::clic);
 }
 
 qint32 ListaParole::ListIndex() const
@@ -104,14 +105,22 @@ void ListaParole::ImpostaAltezzaRiga(int altezza)
     verticalHeader()->setDefaultSectionSize(altezza);
 }
 
+void ListaParole::focusInEvent(QFocusEvent *evento)
+{
+    QTableView::focusInEvent(evento);
+    // The view makes its first row current without choosing it, and the next arrow would pass it by.
+    if (ListIndex() < 0)
+        selectionModel()->clearCurrentIndex();
+}
+
 void ListaParole::keyPressEvent(QKeyEvent *evento)
 {
     if (evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter)
-        emit invio();
-    else if (evento->key() == Qt::Key_Delete)
-        emit canc();
-    else
+        evento->ignore();
+    else if (evento->key() != Qt::Key_Delete)
         QTableView::keyPressEvent(evento);
+    else if (ListIndex() >= 0)
+        emit canc();
 }
 
 void ListaParole::selectionChanged(const QItemSelection &ora, const QItemSelection &prima)
@@ -132,8 +141,8 @@ QModelIndex ListaParole::moveCursor(CursorAction azione, Qt::KeyboardModifiers t
     const int righe = model() ? model()->rowCount() : 0;
     if (azione == MoveHome || azione == MoveEnd)
         return righe > 0 ? model()->index(azione == MoveHome ? 0 : righe - 1, 0) : QModelIndex();
-    // Without a current row an arrow starts where the user is looking, not at the top.
-    if (!currentIndex().isValid() && (azione == MoveUp || azione == MoveDown)) {
+    // With no row chosen an arrow starts where the user is looking, not at the top.
+    if (ListIndex() < 0 && (azione == MoveUp || azione == MoveDown)) {
         const QModelIndex inVista = indexAt(QPoint(1, 1));
         if (inVista.isValid())
             return inVista;

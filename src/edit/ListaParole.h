@@ -46,14 +46,13 @@ public:
     void ImpostaAltezzaRiga(int altezza);
 
 signals:
-    /// The user moved the selection, by mouse or keyboard.
+    /// The user moved the selection, by mouse or keyboard, or clicked the row again.
     void clic();
-    /// Enter on a row.
-    void invio();
-    /// The Delete key.
+    /// The Delete key with a row selected.
     void canc();
 
 protected:
+    void focusInEvent(QFocusEvent *evento) override;
     void keyPressEvent(QKeyEvent *evento) override;
     void selectionChanged(const QItemSelection &ora, const QItemSelection &prima) override;
     [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex &indice,

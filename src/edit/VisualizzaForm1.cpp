@@ -48,9 +48,10 @@ VisualizzaForm1::VisualizzaForm1(QWidget *genitore)
     Collega(lista2, &ListaParole::clic, this, [this] { Clic2(); });
     for (const ListaParole *lista : {lista1, lista2}) {
         Collega(lista, &ListaParole::doubleClicked, this, [this] { Apri(); });
-        Collega(lista, &ListaParole::invio, this, [this] { Apri(); });
         Collega(lista, &ListaParole::canc, this, [this] { SimulaElimina(); });
     }
+    InvioPreme(this, ui->cmdApri);
+    setFocusProxy(ui->ListaParoleLingua1);
     Collega(ui->cmdApri, &QPushButton::clicked, this, [this] { Apri(); });
     Collega(ui->cmdElimina, &QPushButton::clicked, this, [this] { SimulaElimina(); });
     connect(lista1->verticalScrollBar(), &QScrollBar::valueChanged, lista2->verticalScrollBar(), &QScrollBar::setValue);
