@@ -99,9 +99,10 @@ void TestDocumenti::giroCompleto()
 {
     Dialoghi dialoghi;
     const Banco banco;
-    const QString percorso = banco.Dizionario(u"a.dic"_s, Tre);
+    const QString percorso = banco.Dizionario(u"a.dic"_s, Tre, "[Tasti]\r\n233@69@0@1\r\n[Errori]\r\n");
     dialoghi.file(percorso);
     banco.Comando(u"mnuFileApri"_s);
+    banco.Lista(2)->setCurrentIndex(banco.Lista(2)->model()->index(2, 0));
     banco.Lista(1)->setCurrentIndex(banco.Lista(1)->model()->index(0, 0));
     dialoghi.casella(u"Attenzione!"_s, u"Cancellare la voce : albero = tree?"_s, QMessageBox::Question,
                      QMessageBox::Yes);
@@ -116,6 +117,9 @@ void TestDocumenti::giroCompleto()
     QCOMPARE(RecentiVisibili(banco), QStringList(percorso));
     QCOMPARE(stato().PercorsoDizionario, QString());
     QCOMPARE(stato().LenDizionario1, 0);
+    QCOMPARE(stato().VoceCorrente, 0);
+    QCOMPARE(stato().impostazioni.NumTastiRapidi, 0);
+    QCOMPARE(stato().impostazioni.TastiRapidi[0], TastoRapido());
     QVERIFY(stato().Dizionario1.righe[0][2].isEmpty());
     banco.Comando(u"mnuFileRecente(0)"_s);
     QCOMPARE(banco.Parole(1), QStringList({u"cane"_s, u"casa"_s}));
@@ -354,6 +358,20 @@ void TestDocumenti::daModelloInterrotto()
     dialoghi.errore(u"Errore!"_s, u"Il file "_s + modello + u" esiste già."_s);
     QVERIFY(prova());
     QCOMPARE(LeggiTutto(modello), prima);
+
+    // Nor under a name whose companion file would be the program's settings, nor where it cannot be written.
+    const QByteArray programma = LeggiTutto(banco.Ini());
+    QDir().mkdir(banco.File(u"b.ini"_s));
+    for (const auto &[nome, errore] :
+         {std::pair(u"programma/varbel.dic"_s, u"Il nome "_s), std::pair(u"b.dic"_s, u"Impossibile scrivere "_s)}) {
+        dialoghi.casella(u"Varbel"_s, primo, QMessageBox::Information);
+        dialoghi.file(modello);
+        dialoghi.casella(u"Varbel"_s, secondo, QMessageBox::Information);
+        dialoghi.file(banco.File(nome));
+        dialoghi.errore(u"Errore!"_s, errore);
+        QVERIFY(prova());
+    }
+    QCOMPARE(LeggiTutto(banco.Ini()), programma);
 }
 
 void TestDocumenti::apriNonRiesce_data()

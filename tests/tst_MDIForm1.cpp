@@ -479,6 +479,14 @@ void TestMDIForm1::iniStrani()
     banco.Comando(u"mnuFileApri"_s);
     QVERIFY(dialoghi.verifica());
     QVERIFY(QFileInfo(dialoghi.ultimaCartella).isDir());
+
+    // One that cannot be read at all is reported, and the program starts without it.
+    QFile::remove(banco.Ini());
+    QDir().mkdir(banco.Ini());
+    dialoghi.errore(u"Errore!"_s, u"Impossibile leggere "_s + banco.Ini());
+    banco.Avvia();
+    QVERIFY(dialoghi.verifica());
+    QVERIFY(banco.finestra->isVisible());
 }
 
 QTEST_MAIN(TestMDIForm1)
