@@ -14,6 +14,25 @@ using Module1::stato;
 
 namespace
 {
+// While it lives the process can take only that much more memory.
+class PocaMemoria
+{
+public:
+    explicit PocaMemoria(rlim_t byte)
+    {
+        getrlimit(RLIMIT_AS, &m_prima);
+        const rlim_t usati = LeggiTutto(u"/proc/self/statm"_s).split(' ').at(0).toULongLong() *
+                             static_cast<rlim_t>(sysconf(_SC_PAGESIZE));
+        const rlimit stretto{usati + byte, m_prima.rlim_max};
+        setrlimit(RLIMIT_AS, &stretto);
+    }
+    ~PocaMemoria() { setrlimit(RLIMIT_AS, &m_prima); }
+    Q_DISABLE_COPY_MOVE(PocaMemoria)
+
+private:
+    rlimit m_prima{};
+};
+
 const QStringList Tre = {u"@casa@house@"_s, u"@albero@tree@"_s, u"@cane@dog@"_s};
 
 QStringList RecentiVisibili(const Banco &banco)
@@ -81,6 +100,7 @@ private slots:
     void daModelloInterrotto();
     void apriNonRiesce_data();
     void apriNonRiesce();
+    void memoriaEsaurita();
     void apriDaDialogo();
     void aperturaDiFileStrani_data();
     void aperturaDiFileStrani();
@@ -232,11 +252,12 @@ void TestDocumenti::nuovoSuEsistente()
 {
     Dialoghi dialoghi;
     const Banco banco;
-    const QString percorso = banco.Dizionario(u"a.dic"_s, Tre);
+    const QString percorso = banco.Dizionario(u"a.dic"_s, Tre, "[Lingue]\r\nGreco\r\nItaliano\r\n");
     const QByteArray prima = LeggiTutto(percorso);
     dialoghi.file(percorso);
     banco.Comando(u"mnuFileNuovo"_s);
     QCOMPARE(banco.Parole(1).size(), 3);
+    QCOMPARE(banco.Testo(u"lbltitolo"_s), u"Dizionario Greco/Italiano"_s);
     Modifica(banco);
     dialoghi.casella(u"Salvare?"_s, DomandaSalvare(percorso), QMessageBox::Question, QMessageBox::No);
     banco.Comando(u"mnuFileChiudi"_s);
@@ -413,6 +434,29 @@ void TestDocumenti::apriNonRiesce()
     QCOMPARE(banco.Parole(1).size(), 3);
 }
 
+void TestDocumenti::memoriaEsaurita()
+{
+#ifdef __SANITIZE_ADDRESS__
+    QSKIP("the sanitizer ends the program when memory runs out");
+#endif
+    Dialoghi dialoghi;
+    const Banco banco;
+    const QString percorso = banco.Dizionario(u"a.dic"_s, {});
+    QVERIFY(FaiFile(percorso, QByteArray("x\0", 2).repeated(30 << 20)));
+    const qint64 prima = QFileInfo(percorso).size();
+    {
+        const PocaMemoria scope(40 << 20);
+        dialoghi.errore(u"Errore!"_s, u"Memoria esaurita"_s);
+        banco.Apri(percorso);
+    }
+    QVERIFY(dialoghi.verifica());
+    QVERIFY(!stato().DizionarioAperto);
+    QVERIFY(!banco.Azione(u"mnuFileSalva"_s)->isEnabled());
+    banco.finestra->findChild<QAction *>(u"Toolbar1(3)"_s)->trigger();
+    QCOMPARE(QFileInfo(percorso).size(), prima);
+    QVERIFY(banco.Azione(u"mnuFileApri"_s)->isEnabled());
+}
+
 void TestDocumenti::apriDaDialogo()
 {
     Dialoghi dialoghi;
@@ -532,8 +576,17 @@ void TestDocumenti::salvaConNome()
     QCOMPARE(banco.Linee(banco.File(u"b.dic"_s)).size(), 4);
     QCOMPARE(LeggiTutto(percorso), prima);
     QVERIFY(!stato().Modificato);
+    // A file that exists is asked about; No goes back to the dialog.
+    const QString domanda = u"Il file "_s + percorso + u" esiste già. Sostituirlo?"_s;
+    dialoghi.file(u"a"_s);
+    dialoghi.casella(u"Salva con nome"_s, domanda, QMessageBox::Warning, QMessageBox::No);
+    dialoghi.file(u"a"_s);
+    dialoghi.casella(u"Salva con nome"_s, domanda, QMessageBox::Warning, QMessageBox::Yes);
+    banco.Comando(u"mnuFileSalvaConNome"_s);
+    QVERIFY(dialoghi.verifica());
+    QCOMPARE(banco.Linee(percorso).size(), 4);
     banco.Comando(u"mnuFileChiudi"_s);
-    QCOMPARE(RecentiVisibili(banco), QStringList(banco.File(u"b.dic"_s)));
+    QCOMPARE(RecentiVisibili(banco), QStringList(percorso));
 }
 
 void TestDocumenti::salvaConNomeAnnullato()
@@ -579,8 +632,7 @@ void TestDocumenti::nomiRiservati()
     Modifica(banco);
     dialoghi.file(banco.File(nome));
     if (QFile::exists(banco.File(nome)))
-        dialoghi.casella(u"Salva con nome"_s,
-                         QFileInfo(nome).fileName() + u" already exists.\nDo you want to replace it?"_s,
+        dialoghi.casella(u"Salva con nome"_s, u"Il file "_s + banco.File(nome) + u" esiste già. Sostituirlo?"_s,
                          QMessageBox::Warning, QMessageBox::Yes);
     dialoghi.errore(u"Errore!"_s, messaggio);
     banco.Comando(u"mnuFileSalvaConNome"_s);
@@ -607,8 +659,11 @@ void TestDocumenti::salvaNonRiesce()
     {
         const DiscoPieno pieno(8192);
         dialoghi.errore(u"Errore!"_s, u"Impossibile salvare "_s + percorso);
+        banco.Azione(u"mnuFileSalvaConNome"_s)->setEnabled(false);
         banco.Comando(u"mnuFileSalva"_s);
         QVERIFY(dialoghi.verifica());
+        // As for a dictionary made by New, which can be saved under another name from now on.
+        QVERIFY(banco.Azione(u"mnuFileSalvaConNome"_s)->isEnabled());
         QVERIFY(stato().Modificato);
         QCOMPARE(banco.Parole(1).size(), 500);
         QVERIFY(!QFile::exists(banco.File(u"a.ini"_s)));

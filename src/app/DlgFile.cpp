@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/DlgFile.h"
 
+#include "app/Protezione.h"
 #include "core/Percorsi.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QStandardPaths>
@@ -26,21 +28,32 @@ bool MostraDlgFile(QWidget *genitore, DlgFile &dlg, Scelta scelta)
     QString cartella = dlg.cartella;
     if (!QFileInfo(cartella).isDir())
         cartella = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    if (!QFileInfo(cartella).isDir())
+        cartella = QDir::homePath();
 
     QFileDialog dialogo(genitore, dlg.titolo, cartella, FiltroQt(dlg.filtro));
     dialogo.setObjectName("DlgFile"_L1);
     dialogo.setAcceptMode(salva ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialogo.setFileMode(scelta == Scelta::Apri ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
-    dialogo.setOption(QFileDialog::DontConfirmOverwrite, scelta != Scelta::Salva);
+    // Asked below, about the name that the suffix has completed: a native dialog may know only what was typed.
+    dialogo.setOption(QFileDialog::DontConfirmOverwrite);
+    // Native dialogs that open take only what exists.
+    dialogo.setOption(QFileDialog::DontUseNativeDialog, scelta == Scelta::ApriAncheNuovo);
     dialogo.setDefaultSuffix(dlg.estensione.startsWith(u'.') ? dlg.estensione.sliced(1) : dlg.estensione);
     if (!dlg.nomeFile.isEmpty())
         dialogo.selectFile(dlg.nomeFile);
-    if (dialogo.exec() != QDialog::Accepted || dialogo.selectedFiles().isEmpty())
-        return false;
-    QString scelto = PercorsoAssoluto(dialogo.selectedFiles().constFirst());
-    // Native dialogs do not all add the suffix to a new name.
-    if (scelta != Scelta::Apri && QFileInfo(scelto).suffix().isEmpty() && !QFileInfo::exists(scelto))
-        scelto += dlg.estensione;
-    dlg.nomeFile = scelto;
-    return !scelto.isEmpty();
+    while (dialogo.exec() == QDialog::Accepted && !dialogo.selectedFiles().isEmpty()) {
+        QString scelto = PercorsoAssoluto(dialogo.selectedFiles().constFirst());
+        // Native dialogs do not all add the suffix to a new name.
+        if (scelta != Scelta::Apri && QFileInfo(scelto).suffix().isEmpty() && !QFileInfo::exists(scelto))
+            scelto += dlg.estensione;
+        if (scelta == Scelta::Salva && QFileInfo::exists(scelto) &&
+            Messaggio(genitore, QMessageBox::Warning, dlg.titolo,
+                      u"Il file "_s + scelto + u" esiste già. Sostituirlo?"_s,
+                      QMessageBox::Yes | QMessageBox::No) != QMessageBox::Yes)
+            continue;
+        dlg.nomeFile = scelto;
+        return !scelto.isEmpty();
+    }
+    return false;
 }

@@ -316,8 +316,14 @@ QWidget *MDIForm1::CreaVisualizza()
 {
     auto *visualizza = new VisualizzaForm1;
     visualizza->resize(QSize(width() * 3 / 5, height() * 3 / 4));
-    connect(visualizza, &VisualizzaForm1::chiusuraRichiesta, this,
-            [this](bool &annulla) { Protetto(this, [&] { simulachiusura(annulla); }); });
+    connect(visualizza, &VisualizzaForm1::chiusuraRichiesta, this, [this](bool &annulla) {
+        annulla = true;
+        Protetto(this, [&] {
+            bool tenuto = false;
+            simulachiusura(tenuto);
+            annulla = tenuto;
+        });
+    });
     Collega(visualizza, &VisualizzaForm1::modificaVoce, this, [this](qint32 voce) { ModificaVoce(voce); });
     return visualizza;
 }
@@ -353,11 +359,13 @@ void MDIForm1::mnuFinestra(qint32 i)
 
 void MDIForm1::closeEvent(QCloseEvent *evento)
 {
-    bool annulla = false;
+    // An error on the way keeps the window.
+    bool annulla = true;
     Protetto(this, [&] {
+        bool tenuto = false;
         if (stato().DizionarioAperto)
-            simulachiusura(annulla);
-        if (annulla)
+            simulachiusura(tenuto);
+        if (tenuto)
             return;
         m_area->closeAllSubWindows();
         const QList<QMdiSubWindow *> rimaste = m_area->subWindowList();

@@ -90,6 +90,7 @@ private:
     bool SalvaDocumento();
     void Chiudi();
     void MostraDizionario();
+    void ImpostazioniDiEsistente();
     bool NomeRiservato(const QString &percorso);
     void ErroreIni(const QString &percorso);
 

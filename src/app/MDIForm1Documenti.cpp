@@ -18,6 +18,9 @@
 #include <QMdiSubWindow>
 #include <QStandardPaths>
 
+#include <algorithm>
+#include <exception>
+
 using namespace Qt::StringLiterals;
 using Module1::stato;
 
@@ -65,9 +68,8 @@ void MDIForm1::LeggiImpostazioni()
     ImpostazioniVarbel lette;
     try {
         lette = LeggiVarbel(linee);
-    } catch (ErroreRuntime &errore) {
-        errore.termina = true;
-        throw;
+    } catch (const ErroreRuntime &) {
+        throw ErroreRuntime(13, ErroreRuntime(13).testo + u": [Font] in "_s + PercorsoVarbelIni(), true);
     }
     stato().recenti = lette.recenti;
     stato().DimensioneFont = lette.dimensioneFont.value_or(stato().DimensioneFont);
@@ -87,9 +89,12 @@ void MDIForm1::ErroreIni(const QString &percorso)
 bool MDIForm1::NomeRiservato(const QString &percorso)
 {
     // Saving under such a name would overwrite the dictionary, or the program's settings, with the companion file.
-    const QString ini = PercorsoIniScritto(percorso);
-    const QString varbel = PercorsoAssoluto(PercorsoVarbelIni());
-    if (ini != percorso && PercorsoIniAccanto(percorso) != percorso && ini != varbel && percorso != varbel)
+    const QStringList compagni = {PercorsoIniScritto(percorso), PercorsoIniAccanto(percorso)};
+    const QFileInfo varbel(PercorsoVarbelIni());
+    // Compared as files, so that a folder reached by another way is the same one.
+    const auto delProgramma = [&varbel](const QString &file) { return QFileInfo(file) == varbel; };
+    if (!compagni.contains(percorso) && !delProgramma(percorso) &&
+        std::none_of(compagni.cbegin(), compagni.cend(), delProgramma))
         return false;
     Messaggio(this, QMessageBox::Critical, u"Errore!"_s,
               u"Il nome "_s + percorso +
@@ -99,8 +104,29 @@ bool MDIForm1::NomeRiservato(const QString &percorso)
 
 void MDIForm1::MostraDizionario()
 {
-    MostraFinestra(u"VisualizzaForm1"_s);
-    stato().DizionarioAperto = true;
+    const QString percorso = stato().PercorsoDizionario;
+    try {
+        MostraFinestra(u"VisualizzaForm1"_s);
+        stato().DizionarioAperto = true;
+    } catch (ErroreRuntime &errore) {
+        Chiudi();
+        errore.testo = u"Impossibile leggere il dizionario "_s + percorso + u".\n"_s + errore.testo;
+        throw;
+    } catch (...) {
+        // Nothing half open stays behind, whose save would replace the file.
+        Chiudi();
+        throw;
+    }
+}
+
+void MDIForm1::ImpostazioniDiEsistente()
+{
+    // A dictionary that was there already keeps the settings it had, as far as they can be read.
+    try {
+        stato().impostazioni = LeggiFileIni(PercorsoIniLetto(stato().PercorsoDizionario));
+    } catch (const ErroreRuntime &) {
+        return;
+    }
 }
 
 void MDIForm1::mnuFileNuovo()
@@ -124,15 +150,11 @@ void MDIForm1::mnuFileNuovo()
     s.impostazioni = ImpostazioniDizionario();
     s.impostazioni.lingua1 = u"lingua1"_s;
     s.impostazioni.lingua2 = u"lingua2"_s;
+    if (esisteva)
+        ImpostazioniDiEsistente();
     AbilitaComuni(true);
-    try {
-        mnuFileProprieta();
-        MostraDizionario();
-    } catch (ErroreRuntime &errore) {
-        Chiudi();
-        errore.testo = u"Impossibile leggere il dizionario "_s + dlg.nomeFile + u".\n"_s + errore.testo;
-        throw;
-    }
+    mnuFileProprieta();
+    MostraDizionario();
 }
 
 void MDIForm1::mnuFileNuovoDaModello()
@@ -202,18 +224,12 @@ void MDIForm1::mnuFileApri()
         if (!QFileInfo::exists(s.PercorsoDizionario))
             throw ErroreRuntime(53);
         s.impostazioni = LeggiFileIni(s.PercorsoIni);
-    } catch (const ErroreRuntime &) {
+    } catch (const std::exception &) {
         ErroreIni(s.PercorsoIni);
         Chiudi();
         return;
     }
-    try {
-        MostraDizionario();
-    } catch (ErroreRuntime &errore) {
-        errore.testo = u"Impossibile leggere il dizionario "_s + s.PercorsoDizionario + u".\n"_s + errore.testo;
-        Chiudi();
-        throw;
-    }
+    MostraDizionario();
 }
 
 void MDIForm1::mnuFileRecente(std::size_t i)
@@ -225,7 +241,7 @@ void MDIForm1::mnuFileRecente(std::size_t i)
 bool MDIForm1::SalvaDocumento()
 {
     Module1::Stato &s = stato();
-    if (NomeRiservato(s.PercorsoDizionario))
+    if (!s.DizionarioAperto || NomeRiservato(s.PercorsoDizionario))
         return false;
     s.NuovoDizionario = false;
     QString percorso = s.PercorsoDizionario;
@@ -233,11 +249,13 @@ bool MDIForm1::SalvaDocumento()
         SalvaDizionario(percorso, s.Dizionario1, s.LenDizionario1);
         percorso = s.PercorsoIni = PercorsoIniScritto(s.PercorsoDizionario);
         ScriviInPosto(percorso, ScriviIni(s.impostazioni));
-    } catch (const ErroreRuntime &errore) {
-        // What stands on the disk now may be less than what is in memory.
+    } catch (const std::exception &eccezione) {
+        const auto *errore = dynamic_cast<const ErroreRuntime *>(&eccezione);
+        // What stands on the disk now may be less than what is in memory; also a new dictionary can go elsewhere.
         SegnaModificato();
+        Abilita(u"mnuFileSalvaConNome"_s, true);
         Messaggio(this, QMessageBox::Critical, u"Errore!"_s,
-                  u"Impossibile salvare "_s + percorso + u".\n"_s + errore.testo +
+                  u"Impossibile salvare "_s + percorso + u".\n"_s + (errore ? errore->testo : TestoMemoria()) +
                       u"\nLe voci restano nel programma: liberare spazio o salvare con un altro nome."_s);
         return false;
     }

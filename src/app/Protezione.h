@@ -19,6 +19,12 @@ QMessageBox::StandardButton Messaggio(QWidget *genitore, QMessageBox::Icon icona
 /// ends with exit code 1.
 void SegnalaErrore(QWidget *genitore, const ErroreRuntime &errore);
 
+/// What is said when the memory does not suffice.
+inline QString TestoMemoria()
+{
+    return QStringLiteral("Memoria esaurita");
+}
+
 /// True once an error has ended the program, also before the event loop runs.
 bool &ProgrammaTerminato();
 
@@ -31,7 +37,7 @@ void Protetto(QWidget *genitore, Funzione &&funzione)
     } catch (const ErroreRuntime &errore) {
         SegnalaErrore(genitore, errore);
     } catch (const std::bad_alloc &) {
-        SegnalaErrore(genitore, ErroreRuntime(7, QStringLiteral("Memoria esaurita")));
+        SegnalaErrore(genitore, ErroreRuntime(7, TestoMemoria()));
     }
 }
 

@@ -107,7 +107,7 @@ qint32 CaricaDizionario(QIODevice &dispositivo, Tabella &tabella)
     qint32 righe = 0;
     try {
         righe = RiempiTabella(dispositivo, tabella);
-    } catch (const ErroreRuntime &) {
+    } catch (...) {
         Svuota(tabella, Capacita(tabella));
         throw;
     }
