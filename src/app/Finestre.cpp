@@ -71,6 +71,27 @@ void MarkActiveWindow(QWidget *finestra)
         Voce(i)->setChecked(WindowInSlot(i) == finestra);
 }
 
+void UpdateWindowCaption(QWidget *finestra)
+{
+    for (qint32 i = 0; i < stato().NumFinestre; ++i) {
+        if (WindowInSlot(i) == finestra)
+            Voce(i)->setText(Didascalia(finestra->windowTitle()));
+    }
+}
+
+void ForgetWindow(QWidget *finestra) noexcept
+{
+    Stato &s = stato();
+    const auto fine = s.Finestre.begin() + s.NumFinestre;
+    const auto trovata = std::find(s.Finestre.begin(), fine, finestra);
+    if (trovata == fine)
+        return;
+    std::move(trovata + 1, fine, trovata);
+    s.Finestre[static_cast<std::size_t>(--s.NumFinestre)] = nullptr;
+    if (servizi().mnuFinestra[0] != nullptr)
+        RebuildWindowMenu();
+}
+
 QWidget *WindowInSlot(qint32 i)
 {
     QObject *finestra = stato().Finestre[Posto(i)];
@@ -83,7 +104,7 @@ CambioTastiera &LoadKeyboardLayoutA()
     return cambio;
 }
 
-void SwitchKeyboard(qint16 &selettore, QWidget *genitore)
+void SwitchKeyboard(const qint16 &selettore, QWidget *genitore)
 {
     const QString nome = u"0000"_s + (selettore == 1 ? stato().impostazioni.Tastiera : u"0410"_s);
     if (LoadKeyboardLayoutA() && LoadKeyboardLayoutA()(nome))

@@ -24,6 +24,12 @@ void UnregisterWindow(QWidget *finestra);
 /// Checks the entry of an activated window and unchecks the other registered ones.
 void MarkActiveWindow(QWidget *finestra);
 
+/// Shows a registered window's present caption in the window list.
+void UpdateWindowCaption(QWidget *finestra);
+
+/// Takes a window that is being deleted out of the list, if it is still there.
+void ForgetWindow(QWidget *finestra) noexcept;
+
 /// The registered window of a slot, nullptr when none. ErroreRuntime 9 outside 0 to 9.
 QWidget *WindowInSlot(qint32 i);
 
@@ -34,5 +40,5 @@ using CambioTastiera = std::function<bool(const QString &nome)>;
 CambioTastiera &LoadKeyboardLayoutA();
 
 /// Selector 1: the dictionary's second-language layout; any other: Italian. A failure is shown to the user.
-void SwitchKeyboard(qint16 &selettore, QWidget *genitore);
+void SwitchKeyboard(const qint16 &selettore, QWidget *genitore);
 } // namespace Module1

@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/MDIForm1.h"
 
+#include "app/FinestraFiglia.h"
 #include "app/Finestre.h"
 #include "app/Protezione.h"
 #include "app/Servizi.h"
+#include "edit/InserimentoForm1.h"
 #include "edit/Ordinamento.h"
 #include "edit/VisualizzaForm1.h"
 
@@ -16,6 +18,7 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QScreen>
+#include <QStyle>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -64,7 +67,14 @@ MDIForm1::MDIForm1() : m_area(new QMdiArea(this))
     resize(QSize(1000, 700).boundedTo(screen()->availableSize() * 0.95));
     servizi() = Servizi();
 
+    // Dialogs are windows of their own: what had the focus before them keeps its turn.
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget * /*prima*/, QWidget *ora) {
+        if (ora && ora->window() == this)
+            servizi().ultimoFuoco = ora;
+    });
+
     m_finestre.insert(u"VisualizzaForm1"_s, [this] { return CreaVisualizza(); });
+    m_finestre.insert(u"InserimentoForm1"_s, [this] { return CreaInserimento(); });
     CreaMenu();
     CreaToolbar();
     StatoChiuso();
@@ -291,14 +301,28 @@ QWidget *MDIForm1::MostraFinestra(const QString &nome)
         if (!m_finestre.contains(nome))
             return nullptr;
         QWidget *form = m_finestre.value(nome)();
-        // A size that the form gives itself is that of the whole child window, frame and title included.
-        const QSize esterna = form->testAttribute(Qt::WA_Resized) ? form->size() : QSize();
+        if (!form)
+            return nullptr;
         finestra = m_area->addSubWindow(form);
-        if (!esterna.isNull())
-            finestra->resize(esterna);
+        DisponiFinestra(finestra);
     }
     PortaInPrimoPiano(finestra);
     return finestra->widget();
+}
+
+void MDIForm1::DisponiFinestra(QMdiSubWindow *finestra)
+{
+    const auto *figlia = qobject_cast<const FinestraFiglia *>(finestra->widget());
+    if (!figlia) {
+        finestra->resize(finestra->widget()->size());
+        return;
+    }
+    // Each a title's height below and beside the one before, so that the titles of all can be seen.
+    const int passo = finestra->style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, finestra) + 4;
+    const int posto = static_cast<int>(m_area->subWindowList().size()) - 1;
+    finestra->move(QPoint(posto, posto) * passo);
+    const QSize misura = figlia->Misura(finestra->x());
+    finestra->resize((misura.isValid() ? misura : finestra->sizeHint()).expandedTo(finestra->minimumSizeHint()));
 }
 
 void MDIForm1::PortaInPrimoPiano(QMdiSubWindow *finestra)
@@ -326,6 +350,16 @@ QWidget *MDIForm1::CreaVisualizza()
     });
     Collega(visualizza, &VisualizzaForm1::modificaVoce, this, [this](qint32 voce) { ModificaVoce(voce); });
     return visualizza;
+}
+
+QWidget *MDIForm1::CreaInserimento()
+{
+    auto *inserimento = new InserimentoForm1(this);
+    Collega(inserimento, &InserimentoForm1::voceScritta, this, [this] {
+        if (auto *visualizza = Aperta<VisualizzaForm1>())
+            visualizza->RiempiListe();
+    });
+    return inserimento;
 }
 
 void MDIForm1::ScaricaFinestre(const QStringList &nomi)
@@ -424,13 +458,13 @@ void MDIForm1::mnuModificaOrdina2()
 void MDIForm1::Ordina(qint32 chiave)
 {
     OrdinaLista(stato().Dizionario1, stato().LenDizionario1, chiave);
-    if (QMdiSubWindow *visualizza = FinestraAperta(u"VisualizzaForm1"_s))
-        static_cast<VisualizzaForm1 *>(visualizza->widget())->RiempiListe();
+    if (auto *visualizza = Aperta<VisualizzaForm1>())
+        visualizza->RiempiListe();
 }
 
 void MDIForm1::mnuModificaElimina()
 {
-    static_cast<VisualizzaForm1 *>(MostraFinestra(u"VisualizzaForm1"_s))->SimulaElimina();
+    Mostra<VisualizzaForm1>()->SimulaElimina();
 }
 
 void MDIForm1::mnuFileProprieta()
@@ -440,12 +474,15 @@ void MDIForm1::mnuFileProprieta()
 
 void MDIForm1::mnuModificaAggiungi()
 {
-    MostraFinestra(u"InserimentoForm1"_s);
+    Mostra<InserimentoForm1>()->ImpostaModifica(false);
 }
 
-void MDIForm1::ModificaVoce(qint32 /*voce*/)
+void MDIForm1::ModificaVoce(qint32 voce)
 {
-    MostraFinestra(u"InserimentoForm1"_s);
+    stato().VoceCorrente = voce;
+    auto *inserimento = Mostra<InserimentoForm1>();
+    inserimento->ImpostaModifica(true);
+    inserimento->RiempiCampi(voce);
 }
 
 void MDIForm1::mnuEserciziCasuale()

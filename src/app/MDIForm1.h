@@ -4,13 +4,13 @@
 
 #include <QHash>
 #include <QMainWindow>
+#include <QMdiSubWindow>
 #include <QMessageBox>
 
 #include <array>
 #include <functional>
 
 class QMdiArea;
-class QMdiSubWindow;
 class QToolBar;
 class VisualizzaForm1;
 class ErroreRuntime;
@@ -58,7 +58,22 @@ private:
     /// Brings a child window to the front, creating it when it is not open. The one place that knows them all.
     QWidget *MostraFinestra(const QString &nome);
     [[nodiscard]] QMdiSubWindow *FinestraAperta(const QString &nome) const;
+    void DisponiFinestra(QMdiSubWindow *finestra);
     QWidget *CreaVisualizza();
+    QWidget *CreaInserimento();
+
+    /// The same by a window's class, whose name is the form's; nullptr when it is not open, or was not created.
+    template <typename Form>
+    [[nodiscard]] Form *Aperta() const
+    {
+        const QMdiSubWindow *finestra = FinestraAperta(QString::fromLatin1(Form::staticMetaObject.className()));
+        return finestra ? qobject_cast<Form *>(finestra->widget()) : nullptr;
+    }
+    template <typename Form>
+    Form *Mostra()
+    {
+        return qobject_cast<Form *>(MostraFinestra(QString::fromLatin1(Form::staticMetaObject.className())));
+    }
     void ScaricaFinestre(const QStringList &nomi);
     void PortaInPrimoPiano(QMdiSubWindow *finestra);
     void mnuFinestra(qint32 i);

@@ -8,6 +8,7 @@
 #include <QWidget>
 
 #include <algorithm>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -38,6 +39,12 @@ private:
     QWidget *m_form;
     QPushButton *m_predefinito;
 };
+
+// The number is kept as it is given; letters larger than the screen would help nobody.
+int PuntiVisibili(int punti)
+{
+    return std::clamp(punti, 1, 200);
+}
 } // namespace
 
 Servizi &servizi()
@@ -53,12 +60,32 @@ void SegnaModificato()
         servizi().mnuFileSalva->setEnabled(true);
 }
 
+int Pixel(int twip)
+{
+    constexpr double twipPerPixel = 15;
+    return static_cast<int>(std::nearbyint(twip / twipPerPixel));
+}
+
 void ImpostaFontSize(QWidget *form)
 {
     QFont font = form->font();
-    // The number is kept as it is given; letters larger than the screen would help nobody.
-    font.setPointSize(std::clamp(Module1::stato().DimensioneFont, 1, 200));
+    font.setPointSize(PuntiVisibili(Module1::stato().DimensioneFont));
     form->setFont(font);
+}
+
+void ImpostaFont(QWidget *controllo, const QString &famiglia, int inPiu)
+{
+    QFont font = controllo->font();
+    font.setFamily(famiglia);
+    font.setPointSize(PuntiVisibili(Module1::stato().DimensioneFont) + inPiu);
+    controllo->setFont(font);
+}
+
+bool PrendeIlFuoco(const QWidget *controllo, const QFocusEvent &evento)
+{
+    // The main window may give the focus back before the toolkit says why.
+    return evento.reason() != Qt::ActiveWindowFocusReason && evento.reason() != Qt::PopupFocusReason &&
+           servizi().ultimoFuoco.data() != controllo;
 }
 
 QString Didascalia(const QString &testo)

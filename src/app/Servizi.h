@@ -5,11 +5,14 @@
 #include "app/DlgFile.h"
 #include "core/Module1.h"
 
+#include <QPointer>
+#include <QWidget>
+
 #include <array>
 
 class QAction;
+class QFocusEvent;
 class QPushButton;
-class QWidget;
 
 /// What the main window lends to the windows below it, for as long as it lives.
 struct Servizi {
@@ -17,6 +20,8 @@ struct Servizi {
     QAction *mnuFileSalva = nullptr;
     QAction *mnuFinestre = nullptr;
     std::array<QAction *, Module1::MassimoFinestre> mnuFinestra{};
+    /// The control of the main window that last had the focus, also while a dialog has it.
+    QPointer<QWidget> ultimoFuoco;
 };
 
 Servizi &servizi();
@@ -24,8 +29,17 @@ Servizi &servizi();
 /// Sets the modified flag and enables the save command.
 void SegnaModificato();
 
+/// A length in twips as device-independent pixels, halves to even.
+int Pixel(int twip);
+
 /// Gives a form, and what it holds, the application's font size.
 void ImpostaFontSize(QWidget *form);
+
+/// Gives a control a font family in the application's font size, `inPiu` points larger.
+void ImpostaFont(QWidget *controllo, const QString &famiglia, int inPiu = 0);
+
+/// A control gets the focus from another one, not back from a dialog, a menu or another program.
+bool PrendeIlFuoco(const QWidget *controllo, const QFocusEvent &evento);
 
 /// Enter in a form clicks the button that has the focus, else the default one.
 void InvioPreme(QWidget *form, QPushButton *predefinito);

@@ -6,6 +6,7 @@
 #include "core/Module1.h"
 #include "edit/Ordinamento.h"
 
+#include <algorithm>
 #include <utility>
 
 void EliminaVoce(qint32 k)
@@ -25,4 +26,32 @@ qint32 RaccogliVoci()
 {
     Module1::Stato &s = Module1::stato();
     return ChiudiBuchi(s.Dizionario1, s.LenDizionario1);
+}
+
+void AggiungiVoce(const RigaTabella &voce)
+{
+    Module1::Stato &s = Module1::stato();
+    qint32 ultima = s.LenDizionario1;
+    for (int passo = 0; passo < 2; ++passo) {
+        if (ultima >= Capacita(s.Dizionario1))
+            Allarga(s.Dizionario1);
+        ++ultima;
+    }
+    RigaDi(s.Dizionario1, ultima - 1) = voce;
+    s.LenDizionario1 = ultima;
+}
+
+void ModificaVoce(qint32 indice, const QString &letta, const RigaTabella &voce)
+{
+    Module1::Stato &s = Module1::stato();
+    std::vector<RigaTabella> &righe = s.Dizionario1.righe;
+    const auto fine = righe.begin() + std::clamp(s.LenDizionario1 + 1, 0, Capacita(s.Dizionario1) + 1);
+    const auto tiene = [&letta](const RigaTabella &riga) { return riga[2] == letta; };
+    auto trovata = indice >= 0 && indice < fine - righe.begin() ? righe.begin() + indice : fine;
+    if (trovata == fine || !tiene(*trovata))
+        trovata = std::find_if(righe.begin(), fine, tiene);
+    if (trovata == fine)
+        AggiungiVoce(voce);
+    else
+        *trovata = voce;
 }
