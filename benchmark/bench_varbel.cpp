@@ -1,22 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The Varbel developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "Misure.h"
 #include "app/Avvio.h"
-#include "app/MDIForm1.h"
-#include "app/Servizi.h"
 #include "core/FileDizionario.h"
 #include "core/FileInPosto.h"
-#include "core/FileIni.h"
 #include "edit/Ordinamento.h"
-#include "edit/VisualizzaForm1.h"
 #include "edit/Voci.h"
 
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
 #include <QFile>
-#include <QMdiArea>
-#include <QMdiSubWindow>
-#include <QRandomGenerator>
 #include <QTemporaryDir>
 
 #ifdef Q_OS_LINUX
@@ -29,31 +23,6 @@ using Module1::stato;
 
 namespace
 {
-QString Parola(QRandomGenerator &caso)
-{
-    QString parola(caso.bounded(5, 14), Qt::Uninitialized);
-    std::generate(parola.begin(), parola.end(), [&caso] { return QChar(u'a' + caso.bounded(26)); });
-    return parola;
-}
-
-// A dictionary of that many unsorted entries in a folder of its own, written once.
-QString Dizionario(qint32 voci)
-{
-    static const QTemporaryDir cartella;
-    QString percorso = cartella.filePath(u"%1.dic"_s.arg(voci));
-    if (QFile::exists(percorso))
-        return percorso;
-    QRandomGenerator caso(1);
-    Tabella tabella;
-    Ridimensiona(tabella, voci);
-    for (qint32 i = 0; i < voci; ++i)
-        tabella.righe[static_cast<std::size_t>(i)] =
-            RigaDaLinea(Parola(caso) + u'@' + Parola(caso) + u'@' + Parola(caso) + u'@');
-    SalvaDizionario(percorso, tabella, voci);
-    ScriviInPosto(cartella.filePath(u"%1.ini"_s.arg(voci)), ScriviIni(ImpostazioniDizionario()));
-    return percorso;
-}
-
 double MemoriaMiB()
 {
 #ifdef Q_OS_LINUX
@@ -144,30 +113,6 @@ void Salva(benchmark::State &giri)
 BENCHMARK(Salva)->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 // The lists refilled, laid out and painted after a delete or an add; the sort of the delete measured apart.
-struct Vista {
-    explicit Vista(qint32 voci)
-    {
-        Module1::Azzera();
-        stato().CartellaProgramma = QStringLiteral(ASSETS);
-        finestra = std::make_unique<MDIForm1>();
-        finestra->show();
-        stato().PercorsoDizionario = Dizionario(voci);
-        finestra->SimulaApertura();
-        visualizza = finestra->findChild<VisualizzaForm1 *>();
-        QApplication::processEvents();
-    }
-    ~Vista()
-    {
-        stato().DizionarioAperto = false;
-        finestra.reset();
-        Module1::Azzera();
-    }
-    Q_DISABLE_COPY_MOVE(Vista)
-
-    std::unique_ptr<MDIForm1> finestra;
-    VisualizzaForm1 *visualizza = nullptr;
-};
-
 void RiempiDopoElimina(benchmark::State &giri)
 {
     const Vista vista(static_cast<qint32>(giri.range(0)));

@@ -2,11 +2,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "app/Finestre.h"
 #include "app/MDIForm1.h"
+#include "app/Protezione.h"
 #include "core/FileInPosto.h"
 #include "core/Module1.h"
 #include "edit/ListaParole.h"
 #include "edit/VisualizzaForm1.h"
+#include "exercise/Esercizio.h"
 
 #include <QAction>
 #include <QDir>
@@ -23,6 +26,10 @@
 struct Banco {
     Banco()
     {
+        Module1::LoadKeyboardLayoutA() = [this](const QString &nome) {
+            tastiere += nome;
+            return tastieraRiesce;
+        };
         QDir().mkpath(cartella.filePath(QStringLiteral("programma")));
         ScriviInPosto(Ini(), LeggiTutto(QStringLiteral(ASSETS "/varbel.ini")));
         QDir::setCurrent(cartella.path());
@@ -33,6 +40,7 @@ struct Banco {
         finestra.reset();
         QDir::setCurrent(QDir::rootPath());
         Module1::Azzera();
+        Module1::LoadKeyboardLayoutA() = nullptr;
     }
     Q_DISABLE_COPY_MOVE(Banco)
 
@@ -40,6 +48,7 @@ struct Banco {
     {
         finestra.reset();
         Module1::Azzera();
+        Esercizio::stato() = {};
         Module1::stato().CartellaProgramma = cartella.filePath(QStringLiteral("programma"));
         finestra = std::make_unique<MDIForm1>();
         finestra->show();
@@ -92,6 +101,37 @@ struct Banco {
     }
     void Premi(const QString &pulsante) const { Visualizza()->findChild<QPushButton *>(pulsante)->click(); }
 
+    /// A control of a child window, which must be open.
+    template <typename Controllo>
+    [[nodiscard]] Controllo *Trova(const char *form, const char *nome) const
+    {
+        const auto *aperta = finestra->findChild<QWidget *>(QString::fromLatin1(form));
+        return aperta ? aperta->findChild<Controllo *>(QString::fromLatin1(nome)) : nullptr;
+    }
+    [[nodiscard]] bool Aperta(const char *form) const
+    {
+        return finestra->findChild<QWidget *>(QString::fromLatin1(form)) != nullptr;
+    }
+
+    /// A key pressed and let go in the control that has the focus, as the platform sends it: `scansione` is the key's
+    /// place, `testo` what it types.
+    static void Batti(int tasto, Qt::KeyboardModifiers tasti, const QString &testo = {}, quint32 scansione = 0)
+    {
+        for (const QEvent::Type tipo : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            QKeyEvent evento(tipo, tasto, tasti, scansione, 0, 0, testo);
+            QApplication::sendEvent(QApplication::focusWidget(), &evento);
+        }
+    }
+
+    /// The exit code of the program when `azione` ends it.
+    template <typename Azione>
+    [[nodiscard]] int Fine(Azione azione) const
+    {
+        QMetaObject::invokeMethod(finestra.get(), azione, Qt::QueuedConnection);
+        const int codice = QApplication::exec();
+        return std::exchange(ProgrammaTerminato(), false) ? codice : 0;
+    }
+
     /// The stored lines of a dictionary file, without their ends.
     static QStringList Linee(const QString &percorso)
     {
@@ -102,6 +142,9 @@ struct Banco {
         return linee;
     }
 
+    /// The keyboard layouts asked for, and whether they can be had.
+    QStringList tastiere;
+    bool tastieraRiesce = true;
     QTemporaryDir cartella;
     std::unique_ptr<MDIForm1> finestra;
 };

@@ -6,6 +6,7 @@
 #include "app/Protezione.h"
 #include "core/Module1.h"
 #include "core/Percorsi.h"
+#include "exercise/Esercizio.h"
 
 #include <QApplication>
 #include <QLibraryInfo>
@@ -62,6 +63,7 @@ std::optional<QString> DizionarioNominato(const QString &rigaDiComando)
 std::unique_ptr<MDIForm1> Main(const QString &rigaDiComando, const QString &cartellaProgramma)
 {
     Module1::Azzera();
+    Esercizio::stato() = {};
     Module1::stato().CartellaProgramma = cartellaProgramma;
     auto finestra = std::make_unique<MDIForm1>();
     if (const std::optional<QString> percorso = DizionarioNominato(rigaDiComando)) {

@@ -16,6 +16,9 @@ public:
     /// window's edge; an invalid one leaves it as it is.
     [[nodiscard]] virtual QSize Misura(int sinistra) const;
 
+    /// What a window does when it becomes the active one, before the window list is marked.
+    virtual void Activate() {}
+
     /// Closes the window, as its user would.
     void Scarica();
 

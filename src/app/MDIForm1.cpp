@@ -9,16 +9,22 @@
 #include "edit/InserimentoForm1.h"
 #include "edit/Ordinamento.h"
 #include "edit/VisualizzaForm1.h"
+#include "exercise/EsercizioForm1.h"
+#include "input/GestoreTasti.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QCloseEvent>
+#include <QComboBox>
 #include <QDragEnterEvent>
+#include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QScreen>
 #include <QStyle>
+#include <QTime>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -75,13 +81,11 @@ MDIForm1::MDIForm1() : m_area(new QMdiArea(this))
 
     m_finestre.insert(u"VisualizzaForm1"_s, [this] { return CreaVisualizza(); });
     m_finestre.insert(u"InserimentoForm1"_s, [this] { return CreaInserimento(); });
+    m_finestre.insert(u"EsercizioForm1"_s, [this] { return CreaEsercizio(); });
     CreaMenu();
     CreaToolbar();
     StatoChiuso();
-    Collega(m_area, &QMdiArea::subWindowActivated, this, [](QMdiSubWindow *attiva) {
-        if (attiva)
-            Module1::MarkActiveWindow(attiva->widget());
-    });
+    Collega(m_area, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow *finestra) { Attivata(finestra); });
 
     for (std::size_t i = 1; i < servizi().mnuFinestra.size(); ++i)
         servizi().mnuFinestra[i]->setVisible(false);
@@ -150,9 +154,10 @@ void MDIForm1::CreaMenu()
     Collega(Voce(file, u"mnuFileEsci"_s, u"Esci"_s, nullptr), &QAction::triggered, this, [this] { close(); });
 
     QMenu *modifica = Menu(u"mnuModifica"_s, u"&Modifica"_s);
-    Voce(modifica, u"mnuModificaCopia"_s, u"Copia Ctrl+C"_s, nullptr);
-    Voce(modifica, u"mnuModificaTaglia"_s, u"Taglia Ctrl+X"_s, nullptr);
-    Voce(modifica, u"mnuModificaIncolla"_s, u"Incolla Ctrl+V"_s, nullptr);
+    Collega(modifica, &QMenu::aboutToShow, this, [this] { mnuModifica_Apre(); });
+    Voce(modifica, u"mnuModificaCopia"_s, u"Copia Ctrl+C"_s, &MDIForm1::mnuModificaCopia);
+    Voce(modifica, u"mnuModificaTaglia"_s, u"Taglia Ctrl+X"_s, &MDIForm1::mnuModificaTaglia);
+    Voce(modifica, u"mnuModificaIncolla"_s, u"Incolla Ctrl+V"_s, &MDIForm1::mnuModificaIncolla);
     Linea(modifica, u"mnuModificaLinea1"_s);
     QMenu *ordina = Menu(u"mnuModificaOrdina"_s, u"Ordina"_s, modifica);
     Voce(ordina, u"mnuModificaOrdina1"_s, u"per Lingua1"_s, &MDIForm1::mnuModificaOrdina1);
@@ -165,7 +170,7 @@ void MDIForm1::CreaMenu()
     Voce(esercizi, u"mnuEserciziCasuale"_s, u"Ordine Casuale"_s, &MDIForm1::mnuEserciziCasuale);
     Voce(esercizi, u"mnuEserciziRipasso"_s, u"Ripasso Completo"_s, &MDIForm1::mnuEserciziRipasso);
     Linea(esercizi, u"mnuEserciziLinea1"_s);
-    Voce(esercizi, u"mnuEserciziInverti"_s, u"Inverti Lingue"_s, &MDIForm1::mnuEserciziInverti);
+    Voce(esercizi, u"mnuEserciziInverti"_s, u"Inverti Lingue"_s, &MDIForm1::mnuEserciziInverti)->setCheckable(true);
 
     QMenu *strumenti = Menu(u"mnuStrumenti"_s, u"&Strumenti"_s);
     Voce(strumenti, u"mnuStrumentiUnisci"_s, u"Unisci Dizionario"_s, nullptr);
@@ -362,6 +367,28 @@ QWidget *MDIForm1::CreaInserimento()
     return inserimento;
 }
 
+QWidget *MDIForm1::CreaEsercizio()
+{
+    auto esercizio = std::make_unique<EsercizioForm1>(QTime::currentTime().msecsSinceStartOfDay(), this);
+    if (esercizio->Finito())
+        return nullptr;
+    Collega(esercizio.get(), &EsercizioForm1::correggiVoce, this, [this](qint32 voce) { ModificaVoce(voce); });
+    return esercizio.release();
+}
+
+void MDIForm1::Attivata(QMdiSubWindow *finestra)
+{
+    if (!finestra)
+        return;
+    // Coming back from another program activates no window of ours.
+    const bool nuova = finestra != m_ultimaAttiva;
+    m_ultimaAttiva = finestra;
+    auto *figlia = qobject_cast<FinestraFiglia *>(finestra->widget());
+    if (nuova && figlia)
+        figlia->Activate();
+    Module1::MarkActiveWindow(finestra->widget());
+}
+
 void MDIForm1::ScaricaFinestre(const QStringList &nomi)
 {
     for (const QString &nome : nomi) {
@@ -440,6 +467,55 @@ QMessageBox::StandardButton MDIForm1::ChiediOrdina()
                      QMessageBox::Yes | QMessageBox::No);
 }
 
+QWidget *MDIForm1::ControlloAttivo() const
+{
+    // While a menu is open the area has no active window, only a current one.
+    const QMdiSubWindow *finestra = m_area->currentSubWindow();
+    return finestra && finestra->widget() ? finestra->widget()->focusWidget() : nullptr;
+}
+
+QLineEdit *MDIForm1::CasellaAttiva() const
+{
+    auto *casella = qobject_cast<QLineEdit *>(ControlloAttivo());
+    return casella && !qobject_cast<QComboBox *>(casella->parentWidget()) ? casella : nullptr;
+}
+
+void MDIForm1::mnuModifica_Apre()
+{
+    if (!ControlloAttivo())
+        return;
+    for (const QString &nome : {u"mnuModificaCopia"_s, u"mnuModificaTaglia"_s, u"mnuModificaIncolla"_s})
+        Abilita(nome, CasellaAttiva() != nullptr);
+}
+
+void MDIForm1::mnuModificaCopia()
+{
+    if (const QLineEdit *casella = CasellaAttiva())
+        QApplication::clipboard()->setText(casella->selectedText());
+}
+
+void MDIForm1::mnuModificaTaglia()
+{
+    QLineEdit *casella = CasellaAttiva();
+    if (!casella)
+        return;
+    QApplication::clipboard()->setText(casella->selectedText());
+    if (casella->hasSelectedText())
+        SostituisciTesto(casella, casella->text().remove(casella->selectionStart(), casella->selectionLength()), 0);
+    else
+        casella->setCursorPosition(0);
+}
+
+void MDIForm1::mnuModificaIncolla()
+{
+    QLineEdit *casella = CasellaAttiva();
+    if (!casella)
+        return;
+    const int inizio = casella->hasSelectedText() ? casella->selectionStart() : casella->cursorPosition();
+    const QString testo = QApplication::clipboard()->text();
+    SostituisciTesto(casella, casella->text().replace(inizio, casella->selectionLength(), testo), 0);
+}
+
 void MDIForm1::mnuModificaOrdina1()
 {
     // On a table grown past its first size this command only asks.
@@ -487,17 +563,21 @@ void MDIForm1::ModificaVoce(qint32 voce)
 
 void MDIForm1::mnuEserciziCasuale()
 {
-    MostraFinestra(u"EsercizioForm1"_s);
+    Esercizio::stato().OrdineCasuale = true;
+    Mostra<EsercizioForm1>();
 }
 
 void MDIForm1::mnuEserciziRipasso()
 {
-    MostraFinestra(u"EsercizioForm1"_s);
+    // The first question is drawn while the window loads, still in the order of the last exercise.
+    if (!Mostra<EsercizioForm1>())
+        return;
+    Esercizio::stato().OrdineCasuale = false;
 }
 
 void MDIForm1::mnuEserciziInverti()
 {
-    MostraFinestra(u"EsercizioForm1"_s);
+    Esercizio::stato().InvertiLingue = m_voci.value(u"mnuEserciziInverti"_s)->isChecked();
 }
 
 void MDIForm1::mnuStrumentiComponi()

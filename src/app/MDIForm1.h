@@ -6,10 +6,12 @@
 #include <QMainWindow>
 #include <QMdiSubWindow>
 #include <QMessageBox>
+#include <QPointer>
 
 #include <array>
 #include <functional>
 
+class QLineEdit;
 class QMdiArea;
 class QToolBar;
 class VisualizzaForm1;
@@ -61,6 +63,8 @@ private:
     void DisponiFinestra(QMdiSubWindow *finestra);
     QWidget *CreaVisualizza();
     QWidget *CreaInserimento();
+    QWidget *CreaEsercizio();
+    void Attivata(QMdiSubWindow *finestra);
 
     /// The same by a window's class, whose name is the form's; nullptr when it is not open, or was not created.
     template <typename Form>
@@ -86,6 +90,10 @@ private:
     void mnuFileSalva();
     void mnuFileSalvaConNome();
     void mnuFileProprieta();
+    void mnuModifica_Apre();
+    void mnuModificaCopia();
+    void mnuModificaTaglia();
+    void mnuModificaIncolla();
     void mnuModificaOrdina1();
     void mnuModificaOrdina2();
     void mnuModificaAggiungi();
@@ -109,7 +117,13 @@ private:
     bool NomeRiservato(const QString &percorso);
     void ErroreIni(const QString &percorso);
 
+    /// The text box that the clipboard commands act on, nullptr when the active control is none.
+    [[nodiscard]] QLineEdit *CasellaAttiva() const;
+    [[nodiscard]] QWidget *ControlloAttivo() const;
+
     QMdiArea *m_area;
+    /// The child window that was active last, also while the program is not in front.
+    QPointer<QMdiSubWindow> m_ultimaAttiva;
     QToolBar *m_toolbar = nullptr;
     /// The toolbar's pictures that are still to be loaded, by button.
     QStringList ImageList1;

@@ -27,9 +27,12 @@ public:
     {
         if (evento->type() != QEvent::KeyPress)
             return QObject::eventFilter(oggetto, evento);
-        const int tasto = static_cast<QKeyEvent *>(evento)->key();
-        if (tasto != Qt::Key_Return && tasto != Qt::Key_Enter)
+        const auto *premuto = static_cast<QKeyEvent *>(evento);
+        if (premuto->key() != Qt::Key_Return && premuto->key() != Qt::Key_Enter)
             return QObject::eventFilter(oggetto, evento);
+        // A key held too long must not answer the next question as well.
+        if (premuto->isAutoRepeat())
+            return true;
         auto *scelto = qobject_cast<QPushButton *>(m_form->focusWidget());
         (scelto ? scelto : m_predefinito)->click();
         return true;
