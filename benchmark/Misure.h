@@ -64,3 +64,10 @@ struct Vista {
     std::unique_ptr<MDIForm1> finestra;
     VisualizzaForm1 *visualizza = nullptr;
 };
+
+/// What benchmarks keep open from one repetition to the next; let go before the application is.
+inline std::shared_ptr<void> &Tenuto()
+{
+    static std::shared_ptr<void> tenuto;
+    return tenuto;
+}

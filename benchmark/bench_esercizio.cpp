@@ -11,6 +11,7 @@
 #include <QLineEdit>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using Module1::stato;
@@ -36,6 +37,16 @@ struct Scrivania {
         QApplication::processEvents();
     }
 
+    // Once for all repetitions.
+    static void Apparecchia(const QString &comando)
+    {
+        static QString aperta;
+        if (std::exchange(aperta, comando) == comando)
+            return;
+        Tenuto().reset();
+        Tenuto() = std::make_shared<Scrivania>(comando);
+    }
+
     static void Tasto(QEvent::Type tipo, int tasto, Qt::KeyboardModifiers tasti, const QString &testo)
     {
         QKeyEvent evento(tipo, tasto, tasti, 26, 0, 0, testo);
@@ -48,7 +59,7 @@ struct Scrivania {
 // From the release of a hotkey to its character painted in the box.
 void TastoRapidoNellaCasella(benchmark::State &giri)
 {
-    static Scrivania scrivania(u"mnuModificaAggiungi"_s);
+    Scrivania::Apparecchia(u"mnuModificaAggiungi"_s);
     for ([[maybe_unused]] const auto giro : giri) {
         giri.PauseTiming();
         Scrivania::Tasto(QEvent::KeyPress, Qt::Key_E, Qt::ControlModifier, u"\u0005"_s);
@@ -68,7 +79,7 @@ BENCHMARK(TastoRapidoNellaCasella)
 // From Enter to the judged answer painted, and from Enter to the next question, drawn from the file.
 void InvioEGiudizio(benchmark::State &giri)
 {
-    static Scrivania scrivania(u"mnuEserciziCasuale"_s);
+    Scrivania::Apparecchia(u"mnuEserciziCasuale"_s);
     const bool domanda = giri.range(0) != 0;
     for ([[maybe_unused]] const auto giro : giri) {
         giri.PauseTiming();

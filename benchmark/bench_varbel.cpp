@@ -168,6 +168,7 @@ int main(int argc, char *argv[])
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 1;
     benchmark::RunSpecifiedBenchmarks();
+    Tenuto().reset();
     benchmark::Shutdown();
     return 0;
 }
