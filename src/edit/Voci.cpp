@@ -55,3 +55,22 @@ void ModificaVoce(qint32 indice, const QString &letta, const RigaTabella &voce)
     else
         *trovata = voce;
 }
+
+void AccodaRiga(const RigaTabella &riga, bool prima)
+{
+    Module1::Stato &s = Module1::stato();
+    const auto allarga = [&s] {
+        while (s.LenDizionario1 >= Capacita(s.Dizionario1))
+            Allarga(s.Dizionario1);
+    };
+    s.LenDizionario1 = std::max(s.LenDizionario1, 0);
+    allarga();
+    // A file without a final line end has left its last entry there.
+    if (prima && !RigaDi(s.Dizionario1, s.LenDizionario1)[2].isEmpty()) {
+        ++s.LenDizionario1;
+        allarga();
+    }
+    RigaDi(s.Dizionario1, s.LenDizionario1) = riga;
+    ++s.LenDizionario1;
+    allarga();
+}

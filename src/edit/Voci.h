@@ -19,3 +19,7 @@ void AggiungiVoce(const RigaTabella &voce);
 /// Writes over row `indice` if it still holds the stored line `letta`, else over the row that does; adds the entry when
 /// none does.
 void ModificaVoce(qint32 indice, const QString &letta, const RigaTabella &voce);
+
+/// Appends a row as the tools do: at the last-row index, which then moves on, and makes room. The `prima` row of a
+/// command steps over an entry that stands there.
+void AccodaRiga(const RigaTabella &riga, bool prima);
