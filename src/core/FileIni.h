@@ -21,7 +21,7 @@ struct ImpostazioniDizionario {
     QString FontLingua2 = QStringLiteral("Arial");
     QString FontCommento1 = QStringLiteral("Arial");
     QString FontCommento2 = QStringLiteral("Arial");
-    /// Rows 0 to NumTastiRapidi - 1 are in use; the one past them is always zero.
+    /// Rows 0 to NumTastiRapidi - 1 are in use; the one past them takes part in matching, row 20 is always zero.
     std::array<TastoRapido, MassimoTastiRapidi + 1> TastiRapidi{};
     qint16 NumTastiRapidi = 0;
     /// The share of exercise questions drawn from the error list, 0 to 1.

@@ -49,6 +49,13 @@ bool Inserisci(QString &testo, qsizetype &punto, qint16 codice, quint8 maschera,
     return trovato;
 }
 
+bool Presente(qint16 codice, bool shift, bool ctrl)
+{
+    const auto righe = Righe();
+    return std::any_of(righe.begin(), righe.end(),
+                       [&](const TastoRapido &riga) { return Corrisponde(riga, codice, shift, ctrl); });
+}
+
 bool Definito(qint16 codice, bool shift, bool ctrl)
 {
     const auto righe = Righe();

@@ -17,6 +17,9 @@ namespace TastiRapidi
 /// with Shift, else 0. True when a row matched.
 bool Inserisci(QString &testo, qsizetype &punto, qint16 codice, quint8 maschera, bool &ctrlNotato);
 
+/// A row that takes part in matching, the one past the last in use among them, is for this key with these flags.
+bool Presente(qint16 codice, bool shift, bool ctrl);
+
 /// The dictionary has a hotkey on this key with these flags.
 bool Definito(qint16 codice, bool shift, bool ctrl);
 } // namespace TastiRapidi
