@@ -10,7 +10,9 @@
 #include "edit/Ordinamento.h"
 #include "edit/VisualizzaForm1.h"
 #include "exercise/EsercizioForm1.h"
+#include "input/CaratteriForm1.h"
 #include "input/GestoreTasti.h"
+#include "input/TastiRapidiForm.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -82,6 +84,8 @@ MDIForm1::MDIForm1() : m_area(new QMdiArea(this))
     m_finestre.insert(u"VisualizzaForm1"_s, [this] { return CreaVisualizza(); });
     m_finestre.insert(u"InserimentoForm1"_s, [this] { return CreaInserimento(); });
     m_finestre.insert(u"EsercizioForm1"_s, [this] { return CreaEsercizio(); });
+    m_finestre.insert(u"TastiRapidiForm"_s, [this] { return CreaTastiRapidi(); });
+    m_finestre.insert(u"CaratteriForm1"_s, [this] { return CreaCaratteri(); });
     CreaMenu();
     CreaToolbar();
     StatoChiuso();
@@ -387,6 +391,29 @@ void MDIForm1::Attivata(QMdiSubWindow *finestra)
     if (nuova && figlia)
         figlia->Activate();
     Module1::MarkActiveWindow(finestra->widget());
+}
+
+QWidget *MDIForm1::CreaTastiRapidi()
+{
+    auto *tasti = new TastiRapidiForm(this);
+    Collega(tasti, &TastiRapidiForm::selezionaRichiesta, this, [this] { Mostra<CaratteriForm1>(); });
+    return tasti;
+}
+
+QWidget *MDIForm1::CreaCaratteri()
+{
+    auto *caratteri = new CaratteriForm1(this);
+    Collega(caratteri, &CaratteriForm1::carattereScelto, this, [this](const QString &carattere) {
+        if (auto *tasti = Aperta<TastiRapidiForm>())
+            tasti->ImpostaCarattere(carattere);
+    });
+    return caratteri;
+}
+
+void MDIForm1::AggiornaTastiRapidi()
+{
+    if (auto *tasti = Aperta<TastiRapidiForm>())
+        tasti->RiempiListe();
 }
 
 void MDIForm1::ScaricaFinestre(const QStringList &nomi)

@@ -65,6 +65,8 @@ private:
     QWidget *CreaInserimento();
     QWidget *CreaEsercizio();
     void Attivata(QMdiSubWindow *finestra);
+    QWidget *CreaTastiRapidi();
+    QWidget *CreaCaratteri();
 
     /// The same by a window's class, whose name is the form's; nullptr when it is not open, or was not created.
     template <typename Form>
@@ -113,6 +115,7 @@ private:
     bool SalvaDocumento();
     void Chiudi();
     void MostraDizionario();
+    void AggiornaTastiRapidi();
     void ImpostazioniDiEsistente();
     bool NomeRiservato(const QString &percorso);
     void ErroreIni(const QString &percorso);

@@ -108,6 +108,7 @@ void MDIForm1::MostraDizionario()
     try {
         MostraFinestra(u"VisualizzaForm1"_s);
         stato().DizionarioAperto = true;
+        AggiornaTastiRapidi();
     } catch (ErroreRuntime &errore) {
         Chiudi();
         errore.testo = u"Impossibile leggere il dizionario "_s + percorso + u".\n"_s + errore.testo;
@@ -338,6 +339,7 @@ void MDIForm1::Chiudi()
                   u"Impossibile aggiornare "_s + PercorsoVarbelIni() + u".\n"_s + errore.testo);
     }
     Module1::AzzeraDizionario();
+    AggiornaTastiRapidi();
     servizi().dlgFile.nomeFile.clear();
     s.Modificato = false;
     s.NuovoDizionario = false;
