@@ -1,8 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Varbel developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/Avvio.h"
+#include "app/Finestre.h"
 #include "app/MDIForm1.h"
 #include "app/Protezione.h"
+#include "app/Tastiera.h"
 #include "core/Percorsi.h"
 
 #include <QApplication>
@@ -43,10 +45,24 @@ int main(int argc, char *argv[])
             return std::fwrite(Aiuto.data(), 1, Aiuto.size(), stdout) == Aiuto.size() ? 0 : 1;
     }
 
+#if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
+    // Where both can be had, the X server is the one whose keyboard layouts can be switched.
+    if (!qEnvironmentVariableIsEmpty("DISPLAY") && !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") &&
+        !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "xcb;wayland");
+#endif
     const QtMessageHandler prima = qInstallMessageHandler(FineSenzaSchermo);
     const QApplication programma(argc, argv);
     qInstallMessageHandler(prima);
     PreparaProgramma();
+
+    // Found at the first switch; the user's own keyboard is back when it is deleted.
+    std::unique_ptr<Tastiera> tastiera;
+    Module1::LoadKeyboardLayoutA() = [&tastiera](const QString &nome) {
+        if (!tastiera)
+            tastiera = std::make_unique<Tastiera>(CreaMezzoTastiera());
+        return tastiera->Attiva(nome);
+    };
 
     std::unique_ptr<MDIForm1> finestra;
     Protetto(nullptr, [&] {
