@@ -398,6 +398,8 @@ int main(int argc, char *argv[])
     qputenv("DISPLAY", ':' + server.readLine().trimmed());
     qputenv("QT_QPA_PLATFORM", "xcb");
     qunsetenv("WAYLAND_DISPLAY");
+    // No session bus is started for this server, nor the user's one used.
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
     QProcess gestore;
     gestore.start(u"openbox"_s, {u"--sm-disable"_s});
     int esito = 1;

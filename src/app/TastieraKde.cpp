@@ -63,6 +63,8 @@ private:
         const auto lista = Chiedi(u"getLayoutsList"_s).value<QDBusArgument>();
         if (lista.currentType() != QDBusArgument::ArrayType)
             return std::nullopt;
+        // Read to its end: the toolkit lets go of what it has begun only then.
+        std::optional<uint> posto;
         lista.beginArray();
         for (uint i = 0; !lista.atEnd(); ++i) {
             QString breve;
@@ -71,10 +73,11 @@ private:
             lista.beginStructure();
             lista >> breve >> mostrato >> lungo;
             lista.endStructure();
-            if (breve == layout)
-                return i;
+            if (breve == layout && !posto)
+                posto = i;
         }
-        return std::nullopt;
+        lista.endArray();
+        return posto;
     }
 
     std::optional<uint> m_utente;
