@@ -78,11 +78,11 @@ void Tastiera::AscoltaSegnali()
         m_mezzo->Restituisci();
         m_mezzo.reset();
         // As it would have ended without us.
-        std::raise(numero);
+        static_cast<void>(std::raise(numero));
     });
     struct sigaction azione = {};
     azione.sa_handler = Segnale;
-    azione.sa_flags = SA_RESETHAND | SA_RESTART;
+    azione.sa_flags = static_cast<int>(SA_RESETHAND | SA_RESTART);
     for (const int numero : {SIGTERM, SIGINT, SIGHUP}) {
         struct sigaction prima = {};
         // One that the user's shell has set aside stays so.
