@@ -259,7 +259,7 @@ void TestInserimentoForm1::tastiRapidi()
     banco.Apri(banco.Dizionario(u"a.dic"_s, Tre, ScriviIni(impostazioni)));
     QVERIFY(QTest::qWaitForWindowActive(banco.finestra.get()));
     banco.Comando(u"mnuModificaAggiungi"_s);
-    QLineEdit *box = banco.Trova<QLineEdit>(Form, casella.toLatin1().constData());
+    auto *box = banco.Trova<QLineEdit>(Form, casella.toLatin1().constData());
     box->setFocus();
     box->setText(u"abcd"_s);
     box->setSelection(1, 2);
@@ -319,14 +319,14 @@ void TestInserimentoForm1::appunti()
     const Banco banco;
     banco.Apri(banco.Dizionario(u"a.dic"_s, Tre));
     QVERIFY(QTest::qWaitForWindowActive(banco.finestra.get()));
-    const QMenu *menu = banco.finestra->findChild<QMenu *>(u"mnuModifica"_s);
+    auto *menu = banco.finestra->findChild<QMenu *>(u"mnuModifica"_s);
     const auto abilitate = [&] {
-        emit const_cast<QMenu *>(menu)->aboutToShow();
+        emit menu->aboutToShow();
         return banco.Azione(u"mnuModificaCopia"_s)->isEnabled() && banco.Azione(u"mnuModificaTaglia"_s)->isEnabled() &&
                banco.Azione(u"mnuModificaIncolla"_s)->isEnabled();
     };
     const auto disabilitate = [&] {
-        emit const_cast<QMenu *>(menu)->aboutToShow();
+        emit menu->aboutToShow();
         return !banco.Azione(u"mnuModificaCopia"_s)->isEnabled() &&
                !banco.Azione(u"mnuModificaTaglia"_s)->isEnabled() &&
                !banco.Azione(u"mnuModificaIncolla"_s)->isEnabled();

@@ -76,9 +76,10 @@ EsercizioForm1::EsercizioForm1(quint32 seme, QWidget *genitore)
     Collega(ui->cmdModifica, &QPushButton::clicked, this, [this] { Correggi(); });
 
     Esercizio::Comincia();
-    m_finito = !NuovaDomanda();
-    if (!m_finito)
+    if (NuovaDomanda())
         MostraDomanda();
+    else
+        m_finito = true;
 }
 
 EsercizioForm1::~EsercizioForm1() = default;
