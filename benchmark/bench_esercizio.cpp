@@ -62,6 +62,7 @@ void TastoRapidoNellaCasella(benchmark::State &giri)
     Scrivania::Apparecchia(u"mnuModificaAggiungi"_s);
     for ([[maybe_unused]] const auto giro : giri) {
         giri.PauseTiming();
+        qobject_cast<QLineEdit *>(QApplication::focusWidget())->setText(u"una parola"_s);
         Scrivania::Tasto(QEvent::KeyPress, Qt::Key_E, Qt::ControlModifier, u"\u0005"_s);
         QApplication::processEvents();
         giri.ResumeTiming();
