@@ -49,6 +49,6 @@ void FinestraFiglia::closeEvent(QCloseEvent *evento)
 void FinestraFiglia::changeEvent(QEvent *evento)
 {
     if (evento->type() == QEvent::WindowTitleChange)
-        Module1::UpdateWindowCaption(this);
+        Module1::UpdateWindowCaption(*this);
     QWidget::changeEvent(evento);
 }

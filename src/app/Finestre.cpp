@@ -71,11 +71,11 @@ void MarkActiveWindow(QWidget *finestra)
         Voce(i)->setChecked(WindowInSlot(i) == finestra);
 }
 
-void UpdateWindowCaption(QWidget *finestra)
+void UpdateWindowCaption(const QWidget &finestra)
 {
     for (qint32 i = 0; i < stato().NumFinestre; ++i) {
-        if (WindowInSlot(i) == finestra)
-            Voce(i)->setText(Didascalia(finestra->windowTitle()));
+        if (WindowInSlot(i) == &finestra)
+            Voce(i)->setText(Didascalia(finestra.windowTitle()));
     }
 }
 

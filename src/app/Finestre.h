@@ -25,7 +25,7 @@ void UnregisterWindow(QWidget *finestra);
 void MarkActiveWindow(QWidget *finestra);
 
 /// Shows a registered window's present caption in the window list.
-void UpdateWindowCaption(QWidget *finestra);
+void UpdateWindowCaption(const QWidget &finestra);
 
 /// Takes a window that is being deleted out of the list, if it is still there.
 void ForgetWindow(QWidget *finestra) noexcept;

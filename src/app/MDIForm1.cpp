@@ -84,6 +84,7 @@ MDIForm1::MDIForm1() : m_area(new QMdiArea(this))
     m_finestre.insert(u"VisualizzaForm1"_s, [this] { return CreaVisualizza(); });
     m_finestre.insert(u"InserimentoForm1"_s, [this] { return CreaInserimento(); });
     m_finestre.insert(u"EsercizioForm1"_s, [this] { return CreaEsercizio(); });
+    m_finestre.insert(u"ConvertiForm1"_s, [this] { return CreaConverti(); });
     m_finestre.insert(u"TastiRapidiForm"_s, [this] { return CreaTastiRapidi(); });
     m_finestre.insert(u"CaratteriForm1"_s, [this] { return CreaCaratteri(); });
     CreaMenu();
@@ -177,10 +178,10 @@ void MDIForm1::CreaMenu()
     Voce(esercizi, u"mnuEserciziInverti"_s, u"Inverti Lingue"_s, &MDIForm1::mnuEserciziInverti)->setCheckable(true);
 
     QMenu *strumenti = Menu(u"mnuStrumenti"_s, u"&Strumenti"_s);
-    Voce(strumenti, u"mnuStrumentiUnisci"_s, u"Unisci Dizionario"_s, nullptr);
+    Voce(strumenti, u"mnuStrumentiUnisci"_s, u"Unisci Dizionario"_s, &MDIForm1::mnuStrumentiUnisci);
     Voce(strumenti, u"mnuStrumentiComponi"_s, u"Componi Dizionario"_s, &MDIForm1::mnuStrumentiComponi);
     Voce(strumenti, u"mnuStrumentiCaratteri"_s, u"Mappa Caratteri"_s, &MDIForm1::mnuStrumentiCaratteri);
-    Voce(strumenti, u"mnuStrumentiInverti"_s, u"Inverti Dizionario"_s, nullptr);
+    Voce(strumenti, u"mnuStrumentiInverti"_s, u"Inverti Dizionario"_s, &MDIForm1::mnuStrumentiInverti);
     Voce(strumenti, u"mnuStrumentiConversioni"_s, u"Conversioni"_s, &MDIForm1::mnuStrumentiConversioni);
     Linea(strumenti, u"mnuStrumentiLinea1"_s);
     Voce(strumenti, u"mnuStrumentiOpzioni"_s, u"Opzioni"_s, &MDIForm1::mnuStrumentiOpzioni);
@@ -364,10 +365,7 @@ QWidget *MDIForm1::CreaVisualizza()
 QWidget *MDIForm1::CreaInserimento()
 {
     auto *inserimento = new InserimentoForm1(this);
-    Collega(inserimento, &InserimentoForm1::voceScritta, this, [this] {
-        if (auto *visualizza = Aperta<VisualizzaForm1>())
-            visualizza->RiempiListe();
-    });
+    Collega(inserimento, &InserimentoForm1::voceScritta, this, [this] { AggiornaVisualizza(); });
     return inserimento;
 }
 
@@ -561,8 +559,7 @@ void MDIForm1::mnuModificaOrdina2()
 void MDIForm1::Ordina(qint32 chiave)
 {
     OrdinaLista(stato().Dizionario1, stato().LenDizionario1, chiave);
-    if (auto *visualizza = Aperta<VisualizzaForm1>())
-        visualizza->RiempiListe();
+    AggiornaVisualizza();
 }
 
 void MDIForm1::mnuModificaElimina()
@@ -615,11 +612,6 @@ void MDIForm1::mnuStrumentiComponi()
 void MDIForm1::mnuStrumentiCaratteri()
 {
     MostraFinestra(u"TastiRapidiForm"_s);
-}
-
-void MDIForm1::mnuStrumentiConversioni()
-{
-    MostraFinestra(u"ConvertiForm1"_s);
 }
 
 void MDIForm1::mnuStrumentiOpzioni()

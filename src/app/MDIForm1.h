@@ -14,7 +14,9 @@
 class QLineEdit;
 class QMdiArea;
 class QToolBar;
+class OutPutForm;
 class VisualizzaForm1;
+enum class Scelta;
 class ErroreRuntime;
 
 /// The main window: menus, toolbar, child windows, and the commands on the one open dictionary.
@@ -103,7 +105,9 @@ private:
     void mnuEserciziCasuale();
     void mnuEserciziRipasso();
     void mnuEserciziInverti();
+    void mnuStrumentiUnisci();
     void mnuStrumentiComponi();
+    void mnuStrumentiInverti();
     void mnuStrumentiCaratteri();
     void mnuStrumentiConversioni();
     void mnuStrumentiOpzioni();
@@ -116,6 +120,10 @@ private:
     void Chiudi();
     void MostraDizionario();
     void AggiornaTastiRapidi();
+    void AggiornaVisualizza();
+    QWidget *CreaConverti();
+    void MostraUscita(OutPutForm *uscita);
+    bool ScegliFile(const QString &titolo, Scelta scelta, QString &scelto, const QString &filtro = {});
     void ImpostazioniDiEsistente();
     bool NomeRiservato(const QString &percorso);
     void ErroreIni(const QString &percorso);
@@ -134,6 +142,8 @@ private:
     QHash<QString, QMenu *> m_menu;
     std::array<QAction *, 4> m_recenti{};
     QHash<QString, std::function<QWidget *()>> m_finestre;
+    /// The text file that the conversion window opens with.
+    QString m_daConvertire;
     /// The open dictionary's file was created by New, so that a close without saving may delete it.
     bool m_fileCreato = false;
 };

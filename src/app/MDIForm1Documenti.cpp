@@ -41,15 +41,6 @@ void CreaFile(const QString &percorso)
     if (!file.open(QIODevice::Append))
         throw ErroreRuntime(75, u"Impossibile creare il dizionario "_s + percorso + u".\n"_s + file.errorString());
 }
-
-// A text file copied line by line: the bytes of the lines are kept, their ends become CR LF.
-QByteArray ConLineeCrLf(QByteArray byte)
-{
-    byte.replace("\r\n", "\n").replace('\r', '\n');
-    if (!byte.isEmpty() && !byte.endsWith('\n'))
-        byte += '\n';
-    return byte.replace("\n", "\r\n");
-}
 } // namespace
 
 void MDIForm1::LeggiImpostazioni()
@@ -188,7 +179,7 @@ void MDIForm1::mnuFileNuovoDaModello()
     CreaFile(nuovo);
     const QString ini = PercorsoIniAccanto(nuovo);
     try {
-        ScriviInPosto(ini, ConLineeCrLf(formato));
+        ScriviInPosto(ini, Testo8Bit::ConLineeCrLf(formato));
     } catch (ErroreRuntime &errore) {
         QFile::remove(nuovo);
         errore.testo = u"Impossibile scrivere "_s + ini + u".\n"_s + errore.testo;

@@ -78,6 +78,14 @@ QStringList Linee(const QString &testo)
     return linee;
 }
 
+QByteArray ConLineeCrLf(QByteArray byte)
+{
+    byte.replace("\r\n", "\n").replace('\r', '\n');
+    if (!byte.isEmpty() && !byte.endsWith('\n'))
+        byte += '\n';
+    return byte.replace("\n", "\r\n");
+}
+
 QString Unisci(const QStringList &linee)
 {
     QString testo;

@@ -26,6 +26,9 @@ QByteArray Scrivi(const QString &testo);
 /// The lines of a text: CR LF, LF and CR end a line; the last line needs no end.
 QStringList Linee(const QString &testo);
 
+/// A text file as it is copied line by line: the bytes of the lines are kept, each is ended by CR LF.
+QByteArray ConLineeCrLf(QByteArray byte);
+
 /// A text of lines each ended by CR LF.
 QString Unisci(const QStringList &linee);
 } // namespace Testo8Bit

@@ -6,6 +6,7 @@
 #include "core/FileInPosto.h"
 #include "core/Module1.h"
 #include "core/Riga.h"
+#include "core/Testo8Bit.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -31,16 +32,6 @@ std::array<QStringView, Campi> Pezzi(QStringView linea)
         linea = chiocciola < 0 ? QStringView() : linea.sliced(chiocciola + 1);
     }
     return pezzi;
-}
-
-// The lines as they are, each ended by CR LF; the bytes of a line are nobody's to change.
-QByteArray LineeConCrLf(const QByteArray &byte)
-{
-    QByteArray linee = byte;
-    linee.replace("\r\n", "\n").replace('\r', '\n');
-    if (!linee.isEmpty() && !linee.endsWith('\n'))
-        linee += '\n';
-    return linee.replace("\n", "\r\n");
 }
 } // namespace
 
@@ -81,7 +72,7 @@ void ScriviInvertito(const QString &dizionario)
     const QString ini = PercorsoIniInvertito(dizionario);
     if (!ini.isEmpty() && ini != s.PercorsoIni) {
         const QByteArray impostazioni = QFile::exists(s.PercorsoIni) ? LeggiTutto(s.PercorsoIni) : QByteArray();
-        ScriviInPosto(ini, LineeConCrLf(impostazioni));
+        ScriviInPosto(ini, Testo8Bit::ConLineeCrLf(impostazioni));
     }
     Tabella invertita;
     Ridimensiona(invertita, qMax(s.LenDizionario1, 0));

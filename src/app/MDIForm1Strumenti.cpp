@@ -1,0 +1,126 @@
+// SPDX-FileCopyrightText: 2026 The Varbel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/Attesa.h"
+#include "app/MDIForm1.h"
+#include "app/Protezione.h"
+#include "app/Servizi.h"
+#include "edit/VisualizzaForm1.h"
+#include "tools/ConvertiForm1.h"
+#include "tools/Inversione.h"
+#include "tools/OutPutForm.h"
+#include "tools/Unione.h"
+
+#include <QFileInfo>
+#include <QMdiArea>
+
+using namespace Qt::StringLiterals;
+using Module1::stato;
+
+void MDIForm1::AggiornaVisualizza()
+{
+    if (auto *visualizza = Aperta<VisualizzaForm1>())
+        visualizza->RiempiListe();
+}
+
+bool MDIForm1::ScegliFile(const QString &titolo, Scelta scelta, QString &scelto, const QString &filtro)
+{
+    DlgFile dlg = servizi().dlgFile;
+    dlg.nomeFile.clear();
+    dlg.titolo = titolo;
+    if (!filtro.isEmpty())
+        dlg.filtro = filtro;
+    if (!MostraDlgFile(this, dlg, scelta))
+        return false;
+    scelto = dlg.nomeFile;
+    servizi().dlgFile.nomeFile = scelto;
+    return true;
+}
+
+void MDIForm1::mnuStrumentiUnisci()
+{
+    QString sorgente;
+    if (!ScegliFile(u"Seleziona il dizionario sorgente"_s, Scelta::Apri, sorgente))
+        return;
+    qint32 aggiunte = 0;
+    bool interrotta = false;
+    try {
+        Attesa attesa(this, u"Unione"_s);
+        aggiunte = UnisciDizionario(sorgente, [&](qint64 fatto, qint64 totale) {
+            interrotta = !attesa.Avanti(fatto, totale);
+            return !interrotta;
+        });
+    } catch (const ErroreRuntime &errore) {
+        Messaggio(this, QMessageBox::Critical, u"Errore!"_s,
+                  u"Impossibile leggere "_s + sorgente + u".\n"_s + errore.testo);
+        return;
+    }
+    if (aggiunte > 0) {
+        AggiornaVisualizza();
+        SegnaModificato();
+    }
+    if (interrotta)
+        Messaggio(this, QMessageBox::Information, u"Unione"_s,
+                  u"Unione interrotta. Voci aggiunte: %1."_s.arg(aggiunte));
+}
+
+void MDIForm1::mnuStrumentiInverti()
+{
+    QString scelto;
+    // The open dictionary's own name means the one in memory: nothing is overwritten by choosing it.
+    if (!ScegliFile(u"Inverti Dizionario"_s, Scelta::SalvaEsistente, scelto))
+        return;
+    if (scelto == stato().PercorsoDizionario) {
+        InvertiInPosto();
+        SegnaModificato();
+        AggiornaVisualizza();
+        return;
+    }
+    if (NomeRiservato(scelto))
+        return;
+    if (QFileInfo::exists(scelto) && Messaggio(this, QMessageBox::Warning, u"Inverti Dizionario"_s,
+                                               u"Il file "_s + scelto + u" esiste già. Sostituirlo?"_s,
+                                               QMessageBox::Yes | QMessageBox::No) != QMessageBox::Yes)
+        return;
+    try {
+        ScriviInvertito(scelto);
+    } catch (const ErroreRuntime &errore) {
+        Messaggio(this, QMessageBox::Critical, u"Errore!"_s,
+                  u"Impossibile scrivere "_s + scelto + u".\n"_s + errore.testo);
+        return;
+    }
+    Messaggio(this, QMessageBox::Information, u"Salvataggio"_s, u"Salvataggio completato di "_s + scelto);
+}
+
+void MDIForm1::mnuStrumentiConversioni()
+{
+    QString scelto;
+    if (!ScegliFile(u"Conversioni"_s, Scelta::Apri, scelto, u"*.* (tutti i file)|*.*"_s))
+        return;
+    // One window: another file takes the place of the one it was opened for.
+    ScaricaFinestre({u"ConvertiForm1"_s});
+    m_daConvertire = scelto;
+    try {
+        Mostra<ConvertiForm1>();
+    } catch (const ErroreRuntime &errore) {
+        if (errore.termina)
+            throw;
+        Messaggio(this, QMessageBox::Critical, u"Errore!"_s,
+                  u"Impossibile leggere "_s + scelto + u".\n"_s + errore.testo);
+    }
+}
+
+QWidget *MDIForm1::CreaConverti()
+{
+    auto *converti = new ConvertiForm1(m_daConvertire, this);
+    Collega(converti, &ConvertiForm1::tabellaCambiata, this, [this] { AggiornaVisualizza(); });
+    Collega(converti, &ConvertiForm1::convertito, this, [this](OutPutForm *uscita) { MostraUscita(uscita); });
+    return converti;
+}
+
+void MDIForm1::MostraUscita(OutPutForm *uscita)
+{
+    ScaricaFinestre({u"OutPutForm"_s});
+    QMdiSubWindow *finestra = m_area->addSubWindow(uscita);
+    DisponiFinestra(finestra);
+    PortaInPrimoPiano(finestra);
+}

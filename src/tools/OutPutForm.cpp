@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The Varbel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tools/OutPutForm.h"
+
+#include "app/Protezione.h"
+#include "app/Servizi.h"
+#include "print/StampaElenco.h"
+#include "ui_OutPutForm.h"
+
+#include <QStringListModel>
+
+OutPutForm::OutPutForm(QWidget *genitore)
+    : FinestraFiglia(genitore), ui(std::make_unique<Ui::OutPutForm>()), m_errori(new QStringListModel(this))
+{
+    ui->setupUi(this);
+    Carica();
+    ui->lstOutput->setModel(m_errori);
+    InvioPreme(this, ui->cmdOk);
+    Collega(ui->cmdStampa, &QPushButton::clicked, this, [this] { StampaElenco(this, m_errori->stringList()); });
+    Collega(ui->cmdOk, &QPushButton::clicked, this, [this] { Scarica(); });
+    ui->cmdOk->setFocus();
+}
+
+OutPutForm::~OutPutForm() = default;
+
+void OutPutForm::ImpostaErrori(const QStringList &errori)
+{
+    m_errori->setStringList(errori);
+}
+
+QSize OutPutForm::Misura(int /*sinistra*/) const
+{
+    return {Pixel(7000), Pixel(6000)};
+}
