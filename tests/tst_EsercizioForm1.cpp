@@ -5,7 +5,6 @@
 #include "edit/InserimentoForm1.h"
 #include "exercise/EsercizioForm1.h"
 
-#include <QAccessible>
 #include <QLineEdit>
 
 using namespace Qt::StringLiterals;
@@ -106,7 +105,9 @@ void TestEsercizioForm1::ripassoDaTastiera()
     QCOMPARE(aula.Etichetta("lblCommento2"), u"c2"_s);
     QCOMPARE(aula.Pulsante(), u"Nuova Domanda"_s);
     QVERIFY(!aula.banco.Trova<QLabel>("EsercizioForm1", "picRisposta")->pixmap(Qt::ReturnByValue).isNull());
-    QVERIFY(aula.Casella("txtLingua2")->accessibleDescription().contains(u"Giusto: boat. c2 1 su 1"_s));
+    QCOMPARE(aula.Casella("txtLingua2")->accessibleDescription(), u"Giusto: boat. c2 1 su 1"_s);
+    QCOMPARE(aula.banco.Trova<QLabel>("EsercizioForm1", "lblRiepilogo")->accessibleName(),
+             u"Giusto: boat. c2 1 su 1"_s);
 
     aula.Avanti();
     QCOMPARE(aula.Domanda(), u"cane"_s);

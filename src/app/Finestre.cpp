@@ -83,11 +83,12 @@ void ForgetWindow(QWidget *finestra) noexcept
 {
     Stato &s = stato();
     const auto fine = s.Finestre.begin() + s.NumFinestre;
-    const auto trovata = std::find(s.Finestre.begin(), fine, finestra);
-    if (trovata == fine)
+    // One of ten that were closed has left the last one in two slots.
+    const auto resto = std::remove(s.Finestre.begin(), fine, finestra);
+    if (resto == fine)
         return;
-    std::move(trovata + 1, fine, trovata);
-    s.Finestre[static_cast<std::size_t>(--s.NumFinestre)] = nullptr;
+    std::fill(resto, fine, nullptr);
+    s.NumFinestre = static_cast<qint32>(resto - s.Finestre.begin());
     if (servizi().mnuFinestra[0] != nullptr)
         RebuildWindowMenu();
 }

@@ -579,6 +579,7 @@ void MDIForm1::mnuModificaAggiungi()
 
 void MDIForm1::ModificaVoce(qint32 voce)
 {
+    static_cast<void>(RigaDi(stato().Dizionario1, voce));
     stato().VoceCorrente = voce;
     auto *inserimento = Mostra<InserimentoForm1>();
     inserimento->ImpostaModifica(true);

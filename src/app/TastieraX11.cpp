@@ -96,6 +96,10 @@ TastieraX11::TastieraX11()
     const auto *applicazione = qApp->nativeInterface<QNativeInterface::QX11Application>();
     if (!applicazione || !applicazione->connection())
         return;
+    // Asked for in vain, an extension would shut the connection down.
+    const xcb_query_extension_reply_t *estensione = xcb_get_extension_data(applicazione->connection(), &xcb_xkb_id);
+    if (!estensione || estensione->present == 0)
+        return;
     m_x = applicazione->connection();
     const xcb_setup_t *server = xcb_get_setup(m_x);
     m_radice = xcb_setup_roots_iterator(server).data->root;
@@ -177,15 +181,20 @@ bool TastieraX11::Carica(const QString &nome)
     if (attiva.layout == voluta->layout && (voluta->variante.isEmpty() || attiva.variante == voluta->variante))
         return true;
     Conserva();
-    if (!Esegui(u"setxkbmap"_s,
-                {u"-display"_s, m_schermo, u"-layout"_s, voluta->layout, u"-variant"_s, voluta->variante}))
+    const QByteArray prima = Proprieta(m_nomi);
+    const bool riuscito = Esegui(u"setxkbmap"_s, {u"-display"_s, m_schermo, u"-layout"_s, voluta->layout, u"-variant"_s,
+                                                  voluta->variante})
+                              .has_value();
+    // One that was stopped may have changed the keyboard before.
+    const QByteArray adesso = Proprieta(m_nomi);
+    if (!riuscito && adesso == prima)
         return false;
-    m_nostri = Proprieta(m_nomi);
+    m_nostri = adesso;
     QByteArray pegno;
     QDataStream scrittura(&pegno, QIODevice::WriteOnly);
     scrittura << m_nostri << m_utente->nomi << m_utente->mappa << m_utente->gruppo;
     ScriviProprieta(m_pegno, pegno);
-    return true;
+    return riuscito;
 }
 
 void TastieraX11::Restituisci()

@@ -37,7 +37,8 @@ InserimentoForm1::InserimentoForm1(QWidget *genitore)
     auto *tasti = new GestoreTasti(this);
     tasti->Segui(ui->txtLingua1);
     tasti->Segui(ui->txtLingua2);
-    tasti->Segui(ui->txtCommento2, true);
+    tasti->Segui(ui->txtCommento1, GestoreTasti::Eventi::Nessuno);
+    tasti->Segui(ui->txtCommento2, GestoreTasti::Eventi::SoloRilascio);
     for (QLineEdit *casella : findChildren<QLineEdit *>()) {
         PreparaCasella(casella);
         casella->installEventFilter(this);
@@ -92,7 +93,7 @@ void InserimentoForm1::Ok()
     } else {
         AggiungiVoce(nuova);
         for (QLineEdit *casella : findChildren<QLineEdit *>())
-            casella->clear();
+            casella->setText(QString());
     }
     emit voceScritta();
     ui->txtLingua1->setFocus();

@@ -8,7 +8,6 @@
 #include "input/GestoreTasti.h"
 #include "ui_EsercizioForm1.h"
 
-#include <QAccessible>
 #include <QApplication>
 #include <QFile>
 #include <QFocusEvent>
@@ -24,12 +23,13 @@ namespace
 // Side of a mark, in device-independent pixels.
 constexpr int LatoSegno = 48;
 
-// A comment as it is shown: the CRs that end a line of the file are not.
+// A comment as it is shown: without the CRs that end a line of the file, and no longer than a window can show at once.
 QString CommentoVisibile(QString commento)
 {
+    constexpr qsizetype massimo = 5000;
     while (commento.endsWith(u'\r'))
         commento.chop(1);
-    return commento;
+    return commento.size() > massimo ? commento.left(massimo) + u'…' : commento;
 }
 
 // The largest picture of a mark's file, which may hold several, made as small as the mark; null when it is none.
@@ -136,6 +136,7 @@ void EsercizioForm1::MostraDomanda()
     ui->lblCommento1->setText(commento);
     ui->txtLingua1->setText(e.parolaDomanda);
     ui->txtLingua1->setCursorPosition(0);
+    ui->cmdOK->setAccessibleDescription(QString());
     ui->txtLingua2->setAccessibleDescription(commento.isEmpty() ? e.parolaDomanda
                                                                 : e.parolaDomanda + u" ("_s + commento + u')');
     ui->txtLingua2->setFocus();
@@ -173,13 +174,13 @@ void EsercizioForm1::Controlla()
     ui->lblRiepilogo->setText(Esercizio::Riepilogo());
     ui->cmdOK->setText(u"Nuova Domanda"_s);
 
-    // Said by screen readers: the mark, the expected answer, its comment and the score.
+    // Said by screen readers: the mark, the expected answer, its comment and the score, by the change of a name and,
+    // for the control that has the focus, of its description.
     const QString esito = ui->picRisposta->accessibleName() + u": "_s + e.rispostaAttesa + u". "_s + commento + u' ' +
                           Esercizio::Riepilogo();
-    ui->picRisposta->setAccessibleDescription(esito);
+    ui->lblRiepilogo->setAccessibleName(esito);
     ui->txtLingua2->setAccessibleDescription(esito);
-    QAccessibleEvent annuncio(ui->picRisposta, QAccessible::Alert);
-    QAccessible::updateAccessibility(&annuncio);
+    ui->cmdOK->setAccessibleDescription(esito);
 }
 
 void EsercizioForm1::MostraSegno(bool giusta)

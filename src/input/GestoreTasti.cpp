@@ -9,13 +9,15 @@
 #include <QLineEdit>
 #include <QRegularExpression>
 
+#include <algorithm>
+#include <iterator>
 #include <limits>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr const char *SoloRilascio = "soloRilascio";
+constexpr const char *Ascolto = "ascoltoTasti";
 
 // Keys that a noted Ctrl leaves to the box unless the dictionary has a hotkey on them: copy, cut, paste, undo, select
 // all, movement, and those that type nothing.
@@ -62,9 +64,9 @@ qint16 CodiceDi(const QKeyEvent &evento)
     return CodiciTasto::Codice(evento.key(), evento.nativeScanCode(), evento.modifiers() & Qt::KeypadModifier);
 }
 
-void GestoreTasti::Segui(QLineEdit *casella, bool soloRilascio)
+void GestoreTasti::Segui(QLineEdit *casella, Eventi eventi)
 {
-    casella->setProperty(SoloRilascio, soloRilascio);
+    casella->setProperty(Ascolto, static_cast<int>(eventi));
     casella->installEventFilter(this);
 }
 
@@ -73,18 +75,18 @@ bool GestoreTasti::eventFilter(QObject *oggetto, QEvent *evento)
     auto *casella = qobject_cast<QLineEdit *>(oggetto);
     if (!casella)
         return false;
-    const bool soloRilascio = casella->property(SoloRilascio).toBool();
+    const auto eventi = static_cast<Eventi>(casella->property(Ascolto).toInt());
     switch (evento->type()) {
     case QEvent::ShortcutOverride: {
         // A shortcut of the windows around it, such as the one that closes them, would take the key first.
-        const bool suo = !soloRilascio && Scartato(*static_cast<QKeyEvent *>(evento));
+        const bool suo = Scartato(*static_cast<QKeyEvent *>(evento), eventi);
         evento->setAccepted(suo);
         return suo;
     }
     case QEvent::KeyPress:
-        return !soloRilascio && Scartato(*static_cast<QKeyEvent *>(evento));
+        return Scartato(*static_cast<QKeyEvent *>(evento), eventi);
     case QEvent::KeyRelease:
-        if (!static_cast<QKeyEvent *>(evento)->isAutoRepeat())
+        if (eventi != Eventi::Nessuno && !static_cast<QKeyEvent *>(evento)->isAutoRepeat())
             Rilasciato(*static_cast<QKeyEvent *>(evento), casella);
         return false;
     case QEvent::FocusIn:
@@ -112,18 +114,26 @@ quint8 GestoreTasti::Maschera(const QKeyEvent &evento)
     return maschera;
 }
 
-bool GestoreTasti::Scartato(const QKeyEvent &evento)
+bool GestoreTasti::Scartato(const QKeyEvent &evento, Eventi eventi)
 {
     const quint8 maschera = Maschera(evento);
     // AltGr comes as Ctrl and Alt together on some systems; what it types is text.
     if ((maschera & MascheraAlt) != 0)
         return false;
-    if ((maschera & MascheraCtrl) != 0)
-        m_ctrlNotato = true;
-    if (!m_ctrlNotato)
+    bool ctrl = (maschera & MascheraCtrl) != 0;
+    if (eventi == Eventi::Tutti) {
+        m_ctrlNotato = m_ctrlNotato || ctrl;
+        ctrl = m_ctrlNotato;
+    }
+    if (!ctrl)
         return false;
+    // Held in one box and let go unseen: only what would be typed is lost.
+    if ((maschera & MascheraCtrl) == 0)
+        return !evento.text().isEmpty() && evento.text().front().isPrint();
+    // What kills text or closes the window with Ctrl must not do it to one who meant a hotkey.
     const bool shift = (maschera & MascheraShift) != 0;
-    return TastiRapidi::Definito(CodiceDi(evento), shift, true) || !SempreDellaCasella(evento);
+    return !SempreDellaCasella(evento) ||
+           (eventi != Eventi::Nessuno && TastiRapidi::Definito(CodiceDi(evento), shift, true));
 }
 
 void GestoreTasti::Rilasciato(const QKeyEvent &evento, QLineEdit *casella)
@@ -136,9 +146,17 @@ void GestoreTasti::Rilasciato(const QKeyEvent &evento, QLineEdit *casella)
 
 void SostituisciTesto(QLineEdit *casella, const QString &testo, qsizetype punto)
 {
-    // As typed, so that it can be undone.
-    casella->selectAll();
-    casella->insert(testo);
+    // Only what differs, as typed: undoing it selects no more than that.
+    const QString prima = casella->text();
+    const auto inizio = std::mismatch(prima.begin(), prima.end(), testo.begin(), testo.end());
+    const auto uguali = inizio.first - prima.begin();
+    const auto fine = std::mismatch(prima.rbegin(), std::make_reverse_iterator(inizio.first), testo.rbegin(),
+                                    std::make_reverse_iterator(inizio.second));
+    const auto coda = fine.first - prima.rbegin();
+    casella->setCursorPosition(static_cast<int>(uguali));
+    if (uguali + coda < prima.size())
+        casella->setSelection(static_cast<int>(uguali), static_cast<int>(prima.size() - uguali - coda));
+    casella->insert(testo.sliced(uguali, testo.size() - uguali - coda));
     casella->setCursorPosition(static_cast<int>(punto));
 }
 
@@ -150,6 +168,9 @@ void PreparaCasella(QLineEdit *casella)
         if (!testo.contains(nonDaVoce))
             return;
         const qsizetype punto = testo.first(casella->cursorPosition()).replace(nonDaVoce, u" "_s).size();
-        SostituisciTesto(casella, QString(testo).replace(nonDaVoce, u" "_s), punto);
+        const QString pulito = QString(testo).replace(nonDaVoce, u" "_s);
+        // A line end that stayed in the box's history would come back with each undo.
+        casella->undo();
+        SostituisciTesto(casella, pulito, punto);
     });
 }

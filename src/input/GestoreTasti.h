@@ -14,15 +14,18 @@ class GestoreTasti : public QObject
 public:
     explicit GestoreTasti(QObject *finestra) : QObject(finestra) {}
 
-    /// Hotkeys in a box; with `soloRilascio` its key presses are left to the box.
-    void Segui(QLineEdit *casella, bool soloRilascio = false);
+    /// The key events of a box that hotkeys act on: all, its releases alone, none.
+    enum class Eventi { Tutti, SoloRilascio, Nessuno };
+
+    /// Follows a box. In each of them Ctrl with a letter that would kill text or close the window does nothing.
+    void Segui(QLineEdit *casella, Eventi eventi = Eventi::Tutti);
 
     bool eventFilter(QObject *oggetto, QEvent *evento) override;
 
 private:
     quint8 Maschera(const QKeyEvent &evento);
-    /// Notes a Ctrl held; true for a press that is not to reach the box.
-    bool Scartato(const QKeyEvent &evento);
+    /// Notes a Ctrl held, where presses count; true for a press that is not to reach the box.
+    bool Scartato(const QKeyEvent &evento, Eventi eventi);
     void Rilasciato(const QKeyEvent &evento, QLineEdit *casella);
 
     bool m_ctrlNotato = false;

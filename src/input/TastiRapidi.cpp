@@ -59,7 +59,8 @@ bool Presente(qint16 codice, bool shift, bool ctrl)
 bool Definito(qint16 codice, bool shift, bool ctrl)
 {
     const auto righe = Righe();
-    return std::any_of(righe.begin(), righe.end(),
-                       [&](const TastoRapido &riga) { return Corrisponde(riga, codice, shift, ctrl) && riga[0] > 0; });
+    return std::any_of(righe.begin(), righe.end(), [&](const TastoRapido &riga) {
+        return Corrisponde(riga, codice, shift, ctrl) && riga[0] >= 1 && riga[0] <= 255;
+    });
 }
 } // namespace TastiRapidi

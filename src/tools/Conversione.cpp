@@ -18,7 +18,7 @@ namespace
 {
 constexpr qint64 DimensioneBlocco = 0x40000;
 constexpr qsizetype MassimoEsempio = 10000;
-constexpr qsizetype MassimoLinea = 0x8000000;
+constexpr qsizetype MassimoLinea = 0x2000000;
 
 QByteArray LeggiBlocco(QIODevice &dispositivo)
 {
@@ -55,6 +55,9 @@ double Valore(const QString &testo)
 {
     QString numero = testo;
     numero.remove(u' ').remove(u'\t');
+    // The toolkit would read "inf" and "nan".
+    if (!numero.isEmpty() && numero[0].isLetter())
+        return 0;
     for (; !numero.isEmpty(); numero.chop(1)) {
         bool letto = false;
         const double valore = numero.toDouble(&letto);

@@ -63,7 +63,9 @@ void InvertiInPosto()
 QString PercorsoIniInvertito(const QString &dizionario)
 {
     constexpr qsizetype estensione = 4;
-    return dizionario.size() < estensione ? QString() : dizionario.chopped(estensione) + u".ini"_s;
+    // A shorter name would take the companion into another folder.
+    return QFileInfo(dizionario).fileName().size() < estensione ? QString()
+                                                                : dizionario.chopped(estensione) + u".ini"_s;
 }
 
 void ScriviInvertito(const QString &dizionario)

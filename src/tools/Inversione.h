@@ -11,8 +11,8 @@ QString LineaInvertita(const QString &linea);
 /// Exchanges the two languages of every entry of the main table.
 void InvertiInPosto();
 
-/// Where the companion file of an inverted dictionary goes: the name less its last four characters, and ".ini"; empty
-/// for a name of under four.
+/// Where the companion file of an inverted dictionary goes: the path less its last four characters, and ".ini"; empty
+/// for a file name of under four.
 QString PercorsoIniInvertito(const QString &dizionario);
 
 /// Writes the main table inverted to a new file, "@@@" for a hole, after a copy of the open dictionary's companion
