@@ -6,7 +6,7 @@
 #include "app/Protezione.h"
 #include "app/Servizi.h"
 
-#include <QEvent>
+#include <QCloseEvent>
 #include <QMdiSubWindow>
 
 FinestraFiglia::~FinestraFiglia()
@@ -34,6 +34,13 @@ void FinestraFiglia::Carica()
 
 void FinestraFiglia::closeEvent(QCloseEvent *evento)
 {
+    bool chiude = m_scaricata;
+    if (!chiude)
+        Protetto(this, [&] { chiude = ChiediChiusura(); });
+    if (!chiude) {
+        evento->ignore();
+        return;
+    }
     QWidget::closeEvent(evento);
     if (std::exchange(m_scaricata, true))
         return;

@@ -27,6 +27,9 @@ protected:
     /// ErroreRuntime 9, which ends the program, with ten windows registered.
     void Carica();
 
+    /// Asked before a window closes, by whatever way; false keeps it open.
+    virtual bool ChiediChiusura() { return true; }
+
     /// What a window does when it closes, before and after it has left the window list.
     virtual void QueryUnload() {}
     virtual void Unload() {}

@@ -13,6 +13,7 @@
 #include "input/CaratteriForm1.h"
 #include "input/GestoreTasti.h"
 #include "input/TastiRapidiForm.h"
+#include "tools/ComponiForm1.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -87,6 +88,7 @@ MDIForm1::MDIForm1() : m_area(new QMdiArea(this))
     m_finestre.insert(u"ConvertiForm1"_s, [this] { return CreaConverti(); });
     m_finestre.insert(u"TastiRapidiForm"_s, [this] { return CreaTastiRapidi(); });
     m_finestre.insert(u"CaratteriForm1"_s, [this] { return CreaCaratteri(); });
+    m_finestre.insert(u"ComponiForm1"_s, [this] { return CreaComponi(); });
     CreaMenu();
     CreaToolbar();
     StatoChiuso();
@@ -359,6 +361,7 @@ QWidget *MDIForm1::CreaVisualizza()
         });
     });
     Collega(visualizza, &VisualizzaForm1::modificaVoce, this, [this](qint32 voce) { ModificaVoce(voce); });
+    Collega(visualizza, &VisualizzaForm1::listeRiempite, this, [this] { AggiornaComponi(); });
     return visualizza;
 }
 
@@ -408,6 +411,19 @@ QWidget *MDIForm1::CreaCaratteri()
     return caratteri;
 }
 
+QWidget *MDIForm1::CreaComponi()
+{
+    auto *componi = new ComponiForm1(this);
+    Collega(componi, &ComponiForm1::dizionarioCambiato, this, [this] { AggiornaVisualizza(); });
+    return componi;
+}
+
+void MDIForm1::AggiornaComponi()
+{
+    if (auto *componi = Aperta<ComponiForm1>())
+        componi->SegueDizionario1();
+}
+
 void MDIForm1::AggiornaTastiRapidi()
 {
     if (auto *tasti = Aperta<TastiRapidiForm>())
@@ -452,6 +468,9 @@ void MDIForm1::closeEvent(QCloseEvent *evento)
         if (stato().DizionarioAperto)
             simulachiusura(tenuto);
         if (tenuto)
+            return;
+        // Asked before any other window has gone.
+        if (QMdiSubWindow *componi = FinestraAperta(u"ComponiForm1"_s); componi && !componi->close())
             return;
         m_area->closeAllSubWindows();
         const QList<QMdiSubWindow *> rimaste = m_area->subWindowList();
@@ -603,11 +622,6 @@ void MDIForm1::mnuEserciziRipasso()
 void MDIForm1::mnuEserciziInverti()
 {
     Esercizio::stato().InvertiLingue = m_voci.value(u"mnuEserciziInverti"_s)->isChecked();
-}
-
-void MDIForm1::mnuStrumentiComponi()
-{
-    MostraFinestra(u"ComponiForm1"_s);
 }
 
 void MDIForm1::mnuStrumentiCaratteri()

@@ -69,6 +69,7 @@ private:
     void Attivata(QMdiSubWindow *finestra);
     QWidget *CreaTastiRapidi();
     QWidget *CreaCaratteri();
+    QWidget *CreaComponi();
 
     /// The same by a window's class, whose name is the form's; nullptr when it is not open, or was not created.
     template <typename Form>
@@ -124,6 +125,7 @@ private:
     QWidget *CreaConverti();
     void MostraUscita(OutPutForm *uscita);
     bool ScegliFile(const QString &titolo, Scelta scelta, QString &scelto, const QString &filtro = {});
+    void AggiornaComponi();
     void ImpostazioniDiEsistente();
     bool NomeRiservato(const QString &percorso);
     void ErroreIni(const QString &percorso);

@@ -100,6 +100,7 @@ void MDIForm1::MostraDizionario()
         MostraFinestra(u"VisualizzaForm1"_s);
         stato().DizionarioAperto = true;
         AggiornaTastiRapidi();
+        AggiornaComponi();
     } catch (ErroreRuntime &errore) {
         Chiudi();
         errore.testo = u"Impossibile leggere il dizionario "_s + percorso + u".\n"_s + errore.testo;
@@ -331,6 +332,7 @@ void MDIForm1::Chiudi()
     }
     Module1::AzzeraDizionario();
     AggiornaTastiRapidi();
+    AggiornaComponi();
     servizi().dlgFile.nomeFile.clear();
     s.Modificato = false;
     s.NuovoDizionario = false;

@@ -5,6 +5,8 @@
 #include "app/Protezione.h"
 #include "app/Servizi.h"
 #include "edit/VisualizzaForm1.h"
+#include "tools/ComponiForm1.h"
+#include "tools/Composizione.h"
 #include "tools/ConvertiForm1.h"
 #include "tools/Inversione.h"
 #include "tools/OutPutForm.h"
@@ -61,6 +63,22 @@ void MDIForm1::mnuStrumentiUnisci()
     if (interrotta)
         Messaggio(this, QMessageBox::Information, u"Unione"_s,
                   u"Unione interrotta. Voci aggiunte: %1."_s.arg(aggiunte));
+}
+
+void MDIForm1::mnuStrumentiComponi()
+{
+    if (QMdiSubWindow *aperta = FinestraAperta(u"ComponiForm1"_s); aperta && !aperta->close())
+        return;
+    QString secondo;
+    if (!ScegliFile(u"Componi Dizionario"_s, Scelta::Apri, secondo))
+        return;
+    try {
+        Composizione::Leggi(secondo);
+    } catch (ErroreRuntime &errore) {
+        errore.testo = u"Impossibile leggere il dizionario "_s + secondo + u".\n"_s + errore.testo;
+        throw;
+    }
+    Mostra<ComponiForm1>();
 }
 
 void MDIForm1::mnuStrumentiInverti()

@@ -47,9 +47,9 @@ int ModelloColonna::rowCount(const QModelIndex &genitore) const
 
 QVariant ModelloColonna::data(const QModelIndex &indice, int ruolo) const
 {
-    if (ruolo != Qt::DisplayRole || !indice.isValid() || indice.row() >= m_righe)
+    if (ruolo != Qt::DisplayRole || !indice.isValid() || indice.row() >= rowCount())
         return {};
-    return m_tabella.righe[static_cast<std::size_t>(indice.row())][m_colonna];
+    return Testo(indice.row());
 }
 
 QModelIndexList ModelloColonna::match(const QModelIndex &inizio, int ruolo, const QVariant &valore, int quanti,
@@ -58,12 +58,18 @@ QModelIndexList ModelloColonna::match(const QModelIndex &inizio, int ruolo, cons
     if (ruolo != Qt::DisplayRole || quanti != 1 || !modo.testFlags(Qt::MatchStartsWith | Qt::MatchWrap))
         return QAbstractListModel::match(inizio, ruolo, valore, quanti, modo);
     const QString testo = valore.toString();
-    for (qint32 i = 0; i < m_righe; ++i) {
-        const qint32 riga = (inizio.row() + i) % m_righe;
-        if (m_tabella.righe[static_cast<std::size_t>(riga)][m_colonna].startsWith(testo, Qt::CaseInsensitive))
+    const qint32 righe = rowCount();
+    for (qint32 i = 0; i < righe; ++i) {
+        const qint32 riga = (inizio.row() + i) % righe;
+        if (Testo(riga).startsWith(testo, Qt::CaseInsensitive))
             return {index(riga)};
     }
     return {};
+}
+
+QString ModelloColonna::Testo(qint32 i) const
+{
+    return m_tabella.righe[static_cast<std::size_t>(i)][m_colonna];
 }
 
 ListaParole::ListaParole(QWidget *genitore) : QTableView(genitore)

@@ -22,8 +22,13 @@ public:
     [[nodiscard]] QModelIndexList match(const QModelIndex &inizio, int ruolo, const QVariant &valore, int quanti,
                                         Qt::MatchFlags modo) const override;
 
-private:
+protected:
+    /// The text of list row i, which is one of the list's.
+    [[nodiscard]] virtual QString Testo(qint32 i) const;
+
     const Tabella &m_tabella;
+
+private:
     std::size_t m_colonna;
     qint32 m_righe = 0;
 };

@@ -101,6 +101,7 @@ void VisualizzaForm1::RiempiListe()
     ui->ListaParoleLingua1->verticalScrollBar()->setValue(inCima);
     ui->ListaParoleLingua2->verticalScrollBar()->setValue(inCima);
     ScriviPosizione(ui->ListaParoleLingua1->ListIndex(), m_ultima);
+    emit listeRiempite();
 }
 
 void VisualizzaForm1::SimulaElimina()

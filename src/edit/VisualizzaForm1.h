@@ -38,6 +38,9 @@ signals:
     /// The user opens row `voce` for modification.
     void modificaVoce(qint32 voce);
 
+    /// Both lists were refilled: the rows of the main table may have moved.
+    void listeRiempite();
+
     /// The window is asked to close while a dictionary is open; set `annulla` to keep it.
     void chiusuraRichiesta(bool &annulla);
 

@@ -244,6 +244,7 @@ void ConvertiFile(const QString &percorso, const ImpostazioniConversione &impost
     const int separatori = ContaSeparatori(impostazioni);
     Segmenti segmenti;
     LettoreTesto lettore(file);
+    const qint64 totale = file.size();
     QString linea;
     for (qint64 numero = 1; lettore.Leggi(linea, MassimoLinea); ++numero) {
         if (linea.size() == MassimoLinea)
@@ -257,7 +258,7 @@ void ConvertiFile(const QString &percorso, const ImpostazioniConversione &impost
                 esito.errori += u"Riga %1: "_s.arg(numero) + linea;
             }
         }
-        if (!avanti(file.pos(), file.size())) {
+        if (!avanti(file.pos(), totale)) {
             esito.annullata = true;
             return;
         }

@@ -16,6 +16,6 @@ void InvertiInPosto();
 QString PercorsoIniInvertito(const QString &dizionario);
 
 /// Writes the main table inverted to a new file, "@@@" for a hole, after a copy of the open dictionary's companion
-/// file (none when that is missing, or when it would be written over itself). ErroreRuntime 57, 61, 70 or 75 when one
-/// cannot be written.
+/// file (an empty one when that is missing, none when it would be written over itself). ErroreRuntime 57, 61, 70 or 75
+/// when one cannot be written.
 void ScriviInvertito(const QString &dizionario);

@@ -11,8 +11,13 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
+// A file of NULs is an empty line every two bytes: no dictionary has so many, and no memory holds them.
+constexpr qint32 MassimoVuote = 100000;
+
 void Accoda(const QString &linea)
 {
     Module1::Stato &s = Module1::stato();
@@ -34,10 +39,15 @@ qint32 UnisciDizionario(const QString &percorso, const Avanzamento &avanti)
     Module1::Stato &s = Module1::stato();
     const qint32 prima = s.LenDizionario1;
     LettoreDizionario lettore(file);
+    const qint64 totale = file.size();
+    qint32 vuote = 0;
     try {
         for (QString linea; LeggiLinea(lettore, linea);) {
+            vuote += linea.isEmpty() ? 1 : 0;
+            if (vuote > MassimoVuote && vuote > (s.LenDizionario1 - prima) / 2)
+                throw ErroreRuntime(57, u"Il file non è un dizionario."_s);
             Accoda(QStringView(linea).toString());
-            if (!avanti(file.pos(), file.size()))
+            if (!avanti(file.pos(), totale))
                 break;
         }
     } catch (...) {
