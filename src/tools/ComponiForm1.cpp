@@ -234,7 +234,7 @@ bool ComponiForm1::ChiediChiusura()
 
 bool ComponiForm1::ScriviSecondo()
 {
-    const QString percorso = Composizione::componiFile();
+    const QString &percorso = Composizione::componiFile();
     if (Composizione::Cambiato() &&
         Messaggio(this, QMessageBox::Warning, u"Attenzione!"_s,
                   u"Il file "_s + percorso + u" è cambiato da quando è stato aperto qui. Sostituirlo?"_s,
