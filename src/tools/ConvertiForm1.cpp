@@ -10,12 +10,16 @@
 #include "ui_ConvertiForm1.h"
 
 #include <limits>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using Module1::stato;
 
-ConvertiForm1::ConvertiForm1(const QString &percorso, QWidget *genitore)
-    : FinestraFiglia(genitore), ui(std::make_unique<Ui::ConvertiForm1>()), txtSeparatore(), FileDaConvertire(percorso)
+ConvertiForm1::ConvertiForm1(QString percorso, QWidget *genitore)
+    : FinestraFiglia(genitore),
+      ui(std::make_unique<Ui::ConvertiForm1>()),
+      txtSeparatore(),
+      FileDaConvertire(std::move(percorso))
 {
     ui->setupUi(this);
     Carica();

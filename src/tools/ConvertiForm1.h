@@ -21,7 +21,7 @@ class ConvertiForm1 : public FinestraFiglia
     Q_OBJECT
 public:
     /// Loads the window with the file's first line as the sample. ErroreRuntime as `PrimaLinea`.
-    explicit ConvertiForm1(const QString &percorso, QWidget *genitore = nullptr);
+    explicit ConvertiForm1(QString percorso, QWidget *genitore = nullptr);
     ~ConvertiForm1() override;
 
     [[nodiscard]] QSize Misura(int sinistra) const override;
