@@ -30,6 +30,9 @@ public:
     /// In a file dialog `percorso` is typed and accepted; an empty one cancels. `filtro` must be its only name filter.
     void file(const QString &percorso, const QString &filtro = QStringLiteral("*.dic (dizionari) (*.dic)"));
 
+    /// Any other dialog: `risposta` checks it and ends it.
+    void altro(const std::function<void(QDialog *)> &risposta) { m_attese += risposta; }
+
     /// True when all that was expected came and nothing else; forgets both.
     bool verifica();
 

@@ -65,6 +65,7 @@ private slots:
     void rifiutiEErrori();
     void fileIlleggibili();
     void senzaDizionario();
+    void interrotta();
     void stampaSuPiuFogli();
     void unisce();
     void inverte();
@@ -87,6 +88,7 @@ void TestConvertiForm1::converteEdElenca()
     const auto *uscita = banco.finestra->findChild<OutPutForm *>(u"OutPutForm"_s);
     QVERIFY(uscita && uscita->isVisible());
     QCOMPARE(banco.Azione(u"mnuFinestra(0)"_s)->text(), u"OutPut di Conversione"_s);
+    QTRY_VERIFY(banco.Azione(u"mnuFinestra(0)"_s)->isChecked());
     const QAbstractItemModel *lista = banco.Trova<QListView>("OutPutForm", "lstOutput")->model();
     QCOMPARE(lista->rowCount(), 2);
     QCOMPARE(lista->index(0, 0).data(), u"Riga 2: senza separatori"_s);
@@ -188,6 +190,33 @@ void TestConvertiForm1::senzaDizionario()
     QVERIFY2(banco.dialoghi.verifica(), qPrintable(banco.dialoghi.guasti()));
     QVERIFY(!banco.Visualizza());
     QCOMPARE(stato().Dizionario1.righe[0][2], QString());
+}
+
+void TestConvertiForm1::interrotta()
+{
+    Convertitore banco(QByteArray("a;b\n").repeated(4000000));
+    banco.Campi(u";"_s, u"1"_s, u"2"_s);
+    bool chiusa = true;
+    banco.dialoghi.altro([&](QDialog *attesa) {
+        // No other command begins meanwhile, whoever asks for it.
+        banco.Comando(u"mnuModificaOrdina1"_s);
+        chiusa = banco.finestra->close();
+        attesa->findChild<QPushButton *>()->click();
+    });
+    QString detto;
+    banco.dialoghi.altro([&detto](QDialog *box) {
+        detto = qobject_cast<QMessageBox *>(box)->text();
+        box->accept();
+    });
+    banco.Ok();
+    QVERIFY2(banco.dialoghi.verifica(), qPrintable(banco.dialoghi.guasti()));
+    QVERIFY(!chiusa);
+    const qint32 voci = stato().LenDizionario1;
+    QVERIFY(voci > 2 && voci < 4000000);
+    QCOMPARE(detto, u"Conversione interrotta. Voci aggiunte: %1."_s.arg(voci - 2));
+    QCOMPARE(stato().Dizionario1.righe[static_cast<std::size_t>(voci) - 1][2], u"@a@b@"_s);
+    QVERIFY(stato().Modificato);
+    QVERIFY(!banco.Aperta("ConvertiForm1"));
 }
 
 void TestConvertiForm1::stampaSuPiuFogli()

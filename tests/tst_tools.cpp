@@ -335,7 +335,7 @@ void TestTools::leggeTesti()
     QFETCH(QStringList, linee);
     QBuffer dispositivo(&byte);
     QVERIFY(dispositivo.open(QIODevice::ReadOnly));
-    LettoreTesto lettore(dispositivo);
+    LettoreTesto lettore(dispositivo, Avanti);
     QStringList lette;
     for (QString linea; lettore.Leggi(linea, 0x100000);)
         lette += linea;

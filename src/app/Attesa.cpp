@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/Attesa.h"
 
+#include <QCoreApplication>
+
 #include <limits>
 
 using namespace Qt::StringLiterals;
@@ -35,5 +37,7 @@ bool Attesa::Avanti(qint64 fatto, qint64 totale)
     if (!m_dialogo.isVisible())
         m_dialogo.show();
     m_dialogo.setValue(totale > 0 ? static_cast<int>(qMin(fatto, totale) * (Parti - 1) / totale) : 0);
+    // The toolkit does this only for a dialog that it has shown itself.
+    QCoreApplication::processEvents();
     return !m_dialogo.wasCanceled();
 }

@@ -125,8 +125,17 @@ QAction *MDIForm1::Voce(QMenu *menu, const QString &nome, const QString &testo, 
     voce->setObjectName(nome);
     m_voci.insert(nome, voce);
     if (comando)
-        Collega(voce, &QAction::triggered, this, [this, comando] { (this->*comando)(); });
+        Lega(voce, [this, comando] { (this->*comando)(); });
     return voce;
+}
+
+void MDIForm1::Lega(QAction *azione, std::function<void()> comando)
+{
+    // A desktop's own menu bar is not held back by a dialog of ours.
+    Collega(azione, &QAction::triggered, this, [comando = std::move(comando)] {
+        if (!QApplication::activeModalWidget())
+            comando();
+    });
 }
 
 QAction *MDIForm1::VoceDiLista(QMenu *menu, const QString &nome)
@@ -155,10 +164,10 @@ void MDIForm1::CreaMenu()
     Linea(file, u"mnuLinea2"_s);
     for (std::size_t i = 0; i < m_recenti.size(); ++i) {
         m_recenti[i] = VoceDiLista(file, u"mnuFileRecente(%1)"_s.arg(i));
-        Collega(m_recenti[i], &QAction::triggered, this, [this, i] { mnuFileRecente(i); });
+        Lega(m_recenti[i], [this, i] { mnuFileRecente(i); });
     }
     Linea(file, u"mnuFileLinea2"_s);
-    Collega(Voce(file, u"mnuFileEsci"_s, u"Esci"_s, nullptr), &QAction::triggered, this, [this] { close(); });
+    Lega(Voce(file, u"mnuFileEsci"_s, u"Esci"_s, nullptr), [this] { close(); });
 
     QMenu *modifica = Menu(u"mnuModifica"_s, u"&Modifica"_s);
     Collega(modifica, &QMenu::aboutToShow, this, [this] { mnuModifica_Apre(); });
@@ -194,7 +203,7 @@ void MDIForm1::CreaMenu()
         QAction *voce = VoceDiLista(finestre, u"mnuFinestra(%1)"_s.arg(i));
         voce->setCheckable(true);
         servizi().mnuFinestra[static_cast<std::size_t>(i)] = voce;
-        Collega(voce, &QAction::triggered, this, [this, i] { mnuFinestra(i); });
+        Lega(voce, [this, i] { mnuFinestra(i); });
     }
 
     QMenu *aiuto = Menu(u"mnuHelp"_s, u"?"_s);
@@ -231,7 +240,7 @@ void MDIForm1::CreaToolbar()
         azione->setObjectName(u"Toolbar1(%1)"_s.arg(++numero));
         ImageList1.append(pulsante.immagine);
         m_toolbar->widgetForAction(azione)->setObjectName(azione->objectName());
-        Collega(azione, &QAction::triggered, this, [this, comando = pulsante.comando] { (this->*comando)(); });
+        Lega(azione, [this, comando = pulsante.comando] { (this->*comando)(); });
     }
     m_toolbar->actions().at(3)->setData(u"aggiungi"_s);
 }
@@ -465,6 +474,8 @@ void MDIForm1::closeEvent(QCloseEvent *evento)
     bool annulla = true;
     Protetto(this, [&] {
         bool tenuto = false;
+        if (QApplication::activeModalWidget())
+            return;
         if (stato().DizionarioAperto)
             simulachiusura(tenuto);
         if (tenuto)

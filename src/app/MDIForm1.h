@@ -51,6 +51,7 @@ private:
     void LeggiImpostazioni();
     QMenu *Menu(const QString &nome, const QString &testo, QMenu *in = nullptr);
     QAction *Voce(QMenu *menu, const QString &nome, const QString &testo, Comando comando);
+    void Lega(QAction *azione, std::function<void()> comando);
     QAction *VoceDiLista(QMenu *menu, const QString &nome);
     void Linea(QMenu *menu, const QString &nome);
     void Abilita(const QString &nome, bool abilitata);

@@ -130,6 +130,7 @@ void MDIForm1::mnuStrumentiConversioni()
 QWidget *MDIForm1::CreaConverti()
 {
     auto *converti = new ConvertiForm1(m_daConvertire, this);
+    Collega(converti, &ConvertiForm1::converte, this, [this] { ScaricaFinestre({u"OutPutForm"_s}); });
     Collega(converti, &ConvertiForm1::tabellaCambiata, this, [this] { AggiornaVisualizza(); });
     Collega(converti, &ConvertiForm1::convertito, this, [this](OutPutForm *uscita) { MostraUscita(uscita); });
     return converti;
@@ -137,8 +138,10 @@ QWidget *MDIForm1::CreaConverti()
 
 void MDIForm1::MostraUscita(OutPutForm *uscita)
 {
-    ScaricaFinestre({u"OutPutForm"_s});
     QMdiSubWindow *finestra = m_area->addSubWindow(uscita);
     DisponiFinestra(finestra);
     PortaInPrimoPiano(finestra);
+    // The conversion window, which closes next, takes its caption off the list but leaves the marks where they are.
+    QMetaObject::invokeMethod(
+        this, [this] { Attivata(m_ultimaAttiva); }, Qt::QueuedConnection);
 }

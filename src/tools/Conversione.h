@@ -60,7 +60,8 @@ RigaTabella RigaDaSegmenti(const Segmenti &segmenti, const ImpostazioniConversio
 class LettoreTesto
 {
 public:
-    explicit LettoreTesto(QIODevice &dispositivo);
+    /// Looks at all the bytes first, or at those before `avanti` says to stop.
+    explicit LettoreTesto(QIODevice &dispositivo, const Avanzamento &avanti);
 
     /// The next line, of at most `massimo` characters: what is longer goes on in the next; false at the end.
     bool Leggi(QString &linea, qsizetype massimo);

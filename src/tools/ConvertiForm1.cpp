@@ -105,6 +105,7 @@ void ConvertiForm1::Ok()
     EsitoConversione esito;
     bool riuscita = false;
     std::unique_ptr<OutPutForm> uscita;
+    emit converte();
     try {
         uscita = std::make_unique<OutPutForm>(window());
         const ImpostazioniConversione impostazioni = Impostazioni();

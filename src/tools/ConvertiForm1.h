@@ -27,6 +27,9 @@ public:
     [[nodiscard]] QSize Misura(int sinistra) const override;
 
 signals:
+    /// A conversion begins: the list of the one before is no longer wanted.
+    void converte();
+
     /// Entries may have been appended to the main table.
     void tabellaCambiata();
 
