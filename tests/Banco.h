@@ -30,6 +30,7 @@ struct Banco {
             tastiere += nome;
             return tastieraRiesce;
         };
+        qputenv("XDG_STATE_HOME", QFile::encodeName(cartella.filePath(QStringLiteral("stato"))));
         QDir().mkpath(cartella.filePath(QStringLiteral("programma")));
         ScriviInPosto(Ini(), LeggiTutto(QStringLiteral(ASSETS "/varbel.ini")));
         QDir::setCurrent(cartella.path());

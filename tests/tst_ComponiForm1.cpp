@@ -5,6 +5,7 @@
 #include "Dialoghi.h"
 #include "Errori.h"
 #include "core/FileDizionario.h"
+#include "edit/Voci.h"
 #include "tools/ComponiForm1.h"
 #include "tools/Composizione.h"
 
@@ -113,8 +114,8 @@ void TestComponiForm1::leggeESepara()
     };
     QCOMPARE(leggi(QByteArray()), 0);
     QCOMPARE(Composizione::VociDizionario2().size(), 0U);
-    // Zeros end a line each: no memory for any but the last.
-    QCOMPARE(leggi(QByteArray(4 << 20, '\0')), 1);
+    QCOMPARE(leggi(QByteArray(1 << 10, '\0')), 1);
+    QCOMPARE(NumeroErrore([&] { leggi(QByteArray(1 << 20, '\0')); }), 57);
     const QString testo = u"@c@3@\r\n\r\n\0@b@2@\r\n@a@1@"_s;
     leggi(QByteArray(reinterpret_cast<const char *>(testo.utf16()), testo.size() * 2));
     // The last row of a file without a last line end keeps its place in the first sort, and is nothing special after.
@@ -161,6 +162,22 @@ void TestComponiForm1::comeLeTabelleSemplici()
     }
     QCOMPARE(k, voci.size());
     QCOMPARE(NumeroErrore([&] { Composizione::Elimina2(voci, static_cast<qint32>(k)); }), 9);
+    // Back into a main table with holes, which the viewer then closes: each item still shows its row.
+    for (int volta = 0; volta < 40; ++volta)
+        RigaDi(s.Dizionario1, caso.bounded(s.LenDizionario1)) = {};
+    Composizione::Voci voci1 = Composizione::VociDizionario1();
+    const Composizione::Voci copiate(voci.begin() + 5, voci.end());
+    const Composizione::Voci nuove = Composizione::Copia2in1(copiate);
+    voci1.insert(voci1.end(), nuove.begin(), nuove.end());
+    QStringList prima;
+    for (const qint32 riga : voci1)
+        prima += RigaDi(s.Dizionario1, riga)[2];
+    QCOMPARE(prima.last(), Module1::LemmaDizionario(2, copiate.back()));
+    const Composizione::Voci dopo = Composizione::DopoChiusuraBuchi(voci1);
+    RaccogliVoci();
+    QCOMPARE(dopo, Composizione::VociDizionario1());
+    for (std::size_t i = 0; i < dopo.size(); ++i)
+        QCOMPARE(RigaDi(s.Dizionario1, dopo[i])[2], prima[static_cast<qsizetype>(i)]);
     Composizione::Libera();
 }
 
@@ -372,6 +389,10 @@ void TestComponiForm1::secondoNonLeggibile()
     const Banco banco;
     banco.Apri(banco.Dizionario(u"a.dic"_s, Uno));
     dialoghi.file(QString());
+    banco.Comando(u"mnuStrumentiComponi"_s);
+    // A settings file is no dictionary: to save it as one would lose the settings.
+    dialoghi.file(banco.File(u"a.ini"_s));
+    dialoghi.errore(u"Errore!"_s, u"Il nome "_s + banco.File(u"a.ini"_s));
     banco.Comando(u"mnuStrumentiComponi"_s);
     const QString chiuso = banco.Dizionario(u"b.dic"_s, Due);
     QVERIFY(QFile::setPermissions(chiuso, Scrivere) && QFile::setPermissions(banco.cartella.path(), LeggereEntrare));

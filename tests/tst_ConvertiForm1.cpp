@@ -12,6 +12,7 @@
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QListView>
+#include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPrinter>
 
@@ -21,7 +22,7 @@ using Module1::stato;
 namespace
 {
 const QStringList Due = {u"@cane@dog@"_s, u"@casa@house@"_s};
-const QString TuttiIFile = u"*.* (tutti i file) (*.*)"_s;
+const QString TuttiIFile = u"*.* (tutti i file) (*)"_s;
 
 // A program with a dictionary open, and the conversion window on a text.
 struct Convertitore : Banco {
@@ -152,6 +153,18 @@ void TestConvertiForm1::rifiutiEErrori()
     QVERIFY(banco.Aperta("ConvertiForm1"));
     QVERIFY(!banco.Aperta("OutPutForm"));
     QVERIFY(!stato().Modificato);
+
+    // A line longer than any text after a good one: what was appended stays, shown and marked.
+    ScriviInPosto(banco.File(u"testo.txt"_s), "x;y\n" + QByteArray(0x2000000, 'x'));
+    banco.dialoghi.casella(u"Errore"_s, errore, QMessageBox::Critical);
+    banco.Ok();
+    QVERIFY2(banco.dialoghi.verifica(), qPrintable(banco.dialoghi.guasti()));
+    QCOMPARE(banco.Parole(1).last(), u"x"_s);
+    QVERIFY(stato().Modificato && banco.Azione(u"mnuFileSalva"_s)->isEnabled());
+    QVERIFY(!banco.Aperta("OutPutForm"));
+    const QMdiSubWindow *davanti = banco.finestra->findChild<QMdiArea *>()->activeSubWindow();
+    QVERIFY(davanti && qobject_cast<ConvertiForm1 *>(davanti->widget()));
+    QVERIFY(banco.Azione(u"mnuFinestra(0)"_s)->isChecked());
 }
 
 void TestConvertiForm1::fileIlleggibili()
@@ -217,6 +230,8 @@ void TestConvertiForm1::interrotta()
     QCOMPARE(stato().Dizionario1.righe[static_cast<std::size_t>(voci) - 1][2], u"@a@b@"_s);
     QVERIFY(stato().Modificato);
     QVERIFY(!banco.Aperta("ConvertiForm1"));
+    QTRY_VERIFY(banco.Azione(u"mnuFinestra(0)"_s)->isChecked());
+    QCOMPARE(banco.Azione(u"mnuFinestra(0)"_s)->text(), u"OutPut di Conversione"_s);
 }
 
 void TestConvertiForm1::stampaSuPiuFogli()
@@ -253,6 +268,11 @@ void TestConvertiForm1::unisce()
     QVERIFY(unisci(QString()));
     QVERIFY(FaiFile(banco.File(u"vuoto.dic"_s), {}));
     QVERIFY(unisci(banco.File(u"vuoto.dic"_s)));
+    QVERIFY(FaiFile(banco.File(u"zeri.dic"_s), QByteArray(1 << 20, '\0')));
+    dialoghi.file(banco.File(u"zeri.dic"_s));
+    dialoghi.errore(u"Errore!"_s, u"Impossibile leggere "_s + banco.File(u"zeri.dic"_s));
+    banco.Comando(u"mnuStrumentiUnisci"_s);
+    QVERIFY2(dialoghi.verifica(), qPrintable(dialoghi.guasti()));
     QVERIFY(!stato().Modificato);
     QVERIFY(unisci(altro));
     QVERIFY(stato().Modificato);

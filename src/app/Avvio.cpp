@@ -10,6 +10,7 @@
 
 #include <QApplication>
 #include <QLibraryInfo>
+#include <QTimer>
 #include <QTranslator>
 
 #ifdef Q_OS_WIN
@@ -66,11 +67,14 @@ std::unique_ptr<MDIForm1> Main(const QString &rigaDiComando, const QString &cart
     Esercizio::stato() = {};
     Module1::stato().CartellaProgramma = cartellaProgramma;
     auto finestra = std::make_unique<MDIForm1>();
-    if (const std::optional<QString> percorso = DizionarioNominato(rigaDiComando)) {
+    const std::optional<QString> percorso = DizionarioNominato(rigaDiComando);
+    if (percorso) {
         Module1::stato().PercorsoDizionario = PercorsoAssoluto(*percorso);
         finestra->SimulaApertura();
     }
     if (!ProgrammaTerminato())
         finestra->show();
+    if (!percorso)
+        QTimer::singleShot(0, finestra.get(), &MDIForm1::OffriCopie);
     return finestra;
 }

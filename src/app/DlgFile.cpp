@@ -18,7 +18,9 @@ namespace
 QString FiltroQt(const QString &filtro)
 {
     const QStringList parti = filtro.split(u'|');
-    return parti.size() < 2 ? filtro : parti[0] + u" ("_s + parti[1].trimmed() + u')';
+    // "All" includes the names without a dot.
+    const auto modello = [](const QString &parte) { return parte == u"*.*"_s ? u"*"_s : parte; };
+    return parti.size() < 2 ? filtro : parti[0] + u" ("_s + modello(parti[1].trimmed()) + u')';
 }
 } // namespace
 

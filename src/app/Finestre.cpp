@@ -25,6 +25,13 @@ QAction *Voce(qint32 i)
 {
     return servizi().mnuFinestra[Posto(i)];
 }
+// A menu that is opened empty shows nothing ever after.
+void AbilitaLista()
+{
+    const auto &voci = servizi().mnuFinestra;
+    servizi().mnuFinestre->setEnabled(
+        std::any_of(voci.cbegin(), voci.cend(), [](const QAction *voce) { return voce->isVisible(); }));
+}
 } // namespace
 
 namespace Module1
@@ -48,6 +55,7 @@ void RebuildWindowMenu()
         Voce(i)->setText(Didascalia(WindowInSlot(i)->windowTitle()));
         Voce(i)->setVisible(true);
     }
+    AbilitaLista();
 }
 
 void UnregisterWindow(QWidget *finestra)
@@ -63,6 +71,7 @@ void UnregisterWindow(QWidget *finestra)
     }
     --s.NumFinestre;
     Voce(s.NumFinestre)->setVisible(false);
+    AbilitaLista();
 }
 
 void MarkActiveWindow(QWidget *finestra)

@@ -14,6 +14,7 @@
 #include "input/GestoreTasti.h"
 #include "input/TastiRapidiForm.h"
 #include "tools/ComponiForm1.h"
+#include "tools/OutPutForm.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -85,6 +86,7 @@ MDIForm1::MDIForm1() : m_area(new QMdiArea(this))
     m_finestre.insert(u"VisualizzaForm1"_s, [this] { return CreaVisualizza(); });
     m_finestre.insert(u"InserimentoForm1"_s, [this] { return CreaInserimento(); });
     m_finestre.insert(u"EsercizioForm1"_s, [this] { return CreaEsercizio(); });
+    m_finestre.insert(u"OutPutForm"_s, [this] { return new OutPutForm(this); });
     m_finestre.insert(u"ConvertiForm1"_s, [this] { return CreaConverti(); });
     m_finestre.insert(u"TastiRapidiForm"_s, [this] { return CreaTastiRapidi(); });
     m_finestre.insert(u"CaratteriForm1"_s, [this] { return CreaCaratteri(); });

@@ -10,14 +10,15 @@
 
 #include <array>
 #include <functional>
+#include <optional>
 
 class QLineEdit;
 class QMdiArea;
 class QToolBar;
-class OutPutForm;
 class VisualizzaForm1;
 enum class Scelta;
 class ErroreRuntime;
+struct CopiaRecupero;
 
 /// The main window: menus, toolbar, child windows, and the commands on the one open dictionary.
 class MDIForm1 : public QMainWindow
@@ -31,6 +32,9 @@ public:
 
     /// Runs the open command on the path that the state holds already.
     void SimulaApertura();
+
+    /// Asks about the recovery copies of dictionaries that no open dialog can show, since their files have gone.
+    void OffriCopie();
 
     /// Asks whether to save a modified dictionary, then closes it; `annulla` is set when the user keeps it open or
     /// when saving failed.
@@ -120,11 +124,17 @@ private:
     QMessageBox::StandardButton ChiediOrdina();
     bool SalvaDocumento();
     void Chiudi();
-    void MostraDizionario();
+    /// Takes the dictionary at the state's path; false when the user does not want it because another program has it
+    /// open. `copia` is the recovery copy that the user wants back.
+    bool Occupa(std::optional<CopiaRecupero> &copia);
+    bool CreaMancante(const QString &percorso);
+    void ApriFile(bool soloConCopia);
+    bool ChiediRecupero(const CopiaRecupero &copia);
+    void MostraDizionario(const std::optional<CopiaRecupero> &copia);
     void AggiornaTastiRapidi();
     void AggiornaVisualizza();
     QWidget *CreaConverti();
-    void MostraUscita(OutPutForm *uscita);
+    void MostraUscita(const QStringList &errori);
     bool ScegliFile(const QString &titolo, Scelta scelta, QString &scelto, const QString &filtro = {});
     void AggiornaComponi();
     void ImpostazioniDiEsistente();

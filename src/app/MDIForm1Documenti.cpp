@@ -5,12 +5,14 @@
 
 #include "app/Protezione.h"
 #include "app/Servizi.h"
+#include "core/Documento.h"
 #include "core/FileDizionario.h"
 #include "core/FileInPosto.h"
 #include "core/FileVarbel.h"
 #include "core/Percorsi.h"
 #include "core/Testo8Bit.h"
 #include "edit/VisualizzaForm1.h"
+#include "tools/Inversione.h"
 
 #include <QAction>
 #include <QFile>
@@ -80,7 +82,8 @@ void MDIForm1::ErroreIni(const QString &percorso)
 bool MDIForm1::NomeRiservato(const QString &percorso)
 {
     // Saving under such a name would overwrite the dictionary, or the program's settings, with the companion file.
-    const QStringList compagni = {PercorsoIniScritto(percorso), PercorsoIniAccanto(percorso)};
+    const QStringList compagni = {PercorsoIniScritto(percorso), PercorsoIniAccanto(percorso),
+                                  PercorsoIniInvertito(percorso)};
     const QFileInfo varbel(PercorsoVarbelIni());
     // Compared as files, so that a folder reached by another way is the same one.
     const auto delProgramma = [&varbel](const QString &file) { return QFileInfo(file) == varbel; };
@@ -93,12 +96,19 @@ bool MDIForm1::NomeRiservato(const QString &percorso)
     return true;
 }
 
-void MDIForm1::MostraDizionario()
+void MDIForm1::MostraDizionario(const std::optional<CopiaRecupero> &copia)
 {
     const QString percorso = stato().PercorsoDizionario;
     try {
-        MostraFinestra(u"VisualizzaForm1"_s);
+        auto *visualizza = Mostra<VisualizzaForm1>();
         stato().DizionarioAperto = true;
+        if (copia) {
+            Documento::Prendi(*copia);
+            visualizza->AggiornaFont();
+            visualizza->AggiornaTitolo();
+            visualizza->RiempiListe();
+            SegnaModificato();
+        }
         AggiornaTastiRapidi();
         AggiornaComponi();
     } catch (ErroreRuntime &errore) {
@@ -135,10 +145,16 @@ void MDIForm1::mnuFileNuovo()
         return;
     const bool esisteva = QFileInfo::exists(dlg.nomeFile);
     CreaFile(dlg.nomeFile);
+    s.PercorsoDizionario = dlg.nomeFile;
+    std::optional<CopiaRecupero> copia;
+    if (!Occupa(copia)) {
+        s.recupero.reset();
+        s.PercorsoDizionario.clear();
+        return;
+    }
     servizi().dlgFile.nomeFile = dlg.nomeFile;
     s.NuovoDizionario = true;
     m_fileCreato = !esisteva;
-    s.PercorsoDizionario = dlg.nomeFile;
     s.PercorsoIni = PercorsoIniAccanto(s.PercorsoDizionario);
     s.impostazioni = ImpostazioniDizionario();
     s.impostazioni.lingua1 = u"lingua1"_s;
@@ -147,7 +163,7 @@ void MDIForm1::mnuFileNuovo()
         ImpostazioniDiEsistente();
     AbilitaComuni(true);
     mnuFileProprieta();
-    MostraDizionario();
+    MostraDizionario(copia);
 }
 
 void MDIForm1::mnuFileNuovoDaModello()
@@ -199,9 +215,8 @@ void MDIForm1::mnuFileApri()
 {
     Module1::Stato &s = stato();
     s.NuovoDizionario = false;
-    DlgFile &dlg = servizi().dlgFile;
     if (s.PercorsoDizionario.isEmpty()) {
-        DlgFile scelta = dlg;
+        DlgFile scelta = servizi().dlgFile;
         scelta.titolo = u"Apri"_s;
         scelta.nomeFile.clear();
         if (MostraDlgFile(this, scelta, Scelta::Apri))
@@ -210,19 +225,108 @@ void MDIForm1::mnuFileApri()
     if (s.PercorsoDizionario.isEmpty())
         return;
     s.PercorsoDizionario = PercorsoAssoluto(s.PercorsoDizionario);
-    dlg.nomeFile = s.PercorsoDizionario;
+    ApriFile(false);
+}
+
+void MDIForm1::OffriCopie()
+{
+    for (const QString &percorso : Recupero::SenzaFile()) {
+        if (stato().DizionarioAperto)
+            return;
+        stato().PercorsoDizionario = percorso;
+        Protetto(this, [this] { ApriFile(true); });
+    }
+}
+
+void MDIForm1::ApriFile(bool soloConCopia)
+{
+    Module1::Stato &s = stato();
+    servizi().dlgFile.nomeFile = s.PercorsoDizionario;
     StatoAperto();
     s.PercorsoIni = PercorsoIniLetto(s.PercorsoDizionario);
+    std::optional<CopiaRecupero> copia;
+    if (!Occupa(copia) || (soloConCopia && !copia)) {
+        Chiudi();
+        return;
+    }
     try {
         if (!QFileInfo::exists(s.PercorsoDizionario))
             throw ErroreRuntime(53);
         s.impostazioni = LeggiFileIni(s.PercorsoIni);
     } catch (const std::exception &) {
-        ErroreIni(s.PercorsoIni);
-        Chiudi();
-        return;
+        // A copy brings its settings along.
+        if (!copia) {
+            ErroreIni(s.PercorsoIni);
+            Chiudi();
+            return;
+        }
     }
-    MostraDizionario();
+    MostraDizionario(copia);
+}
+
+// A save cut short may have left no file to open.
+bool MDIForm1::CreaMancante(const QString &percorso)
+{
+    try {
+        if (!QFileInfo::exists(percorso))
+            CreaFile(percorso);
+    } catch (const ErroreRuntime &errore) {
+        Messaggio(this, QMessageBox::Critical, u"Errore!"_s, errore.testo);
+        return false;
+    }
+    return true;
+}
+
+bool MDIForm1::Occupa(std::optional<CopiaRecupero> &copia)
+{
+    Documento::Occupa();
+    const Module1::Stato &s = stato();
+    if (s.recupero->ApertoAltrove() &&
+        Messaggio(this, QMessageBox::Warning, u"Attenzione!"_s,
+                  u"Il dizionario "_s + s.PercorsoDizionario +
+                      u" è già aperto in un altro Varbel: ciò che si salva da una parte può andare perso dall'altra.\n"
+                      u"Aprirlo lo stesso?"_s,
+                  QMessageBox::Yes | QMessageBox::No) != QMessageBox::Yes)
+        return false;
+    for (const QString &file : s.recupero->Trovate()) {
+        try {
+            copia = LeggiFileCopia(file);
+        } catch (const ErroreRuntime &errore) {
+            Messaggio(this, QMessageBox::Warning, u"Recupero"_s,
+                      u"Impossibile leggere la copia di recupero "_s + file + u".\n"_s + errore.testo);
+            continue;
+        }
+        if (ChiediRecupero(*copia)) {
+            return CreaMancante(s.PercorsoDizionario);
+        }
+        copia.reset();
+        QFile::remove(file);
+    }
+    return true;
+}
+
+bool MDIForm1::ChiediRecupero(const CopiaRecupero &copia)
+{
+    const QString &percorso = stato().PercorsoDizionario;
+    QString domanda = u"È stata trovata una copia di recupero del dizionario "_s + percorso + u".\n"_s;
+    domanda += u"Copia: %1 voci, fatta il %2.\n"_s.arg(copia.voci.size())
+                   .arg(copia.quando.toLocalTime().toString(u"dd/MM/yyyy 'alle' HH:mm:ss"_s));
+    const Impronta adesso = ImprontaDi(percorso);
+    if (adesso.dimensione < 0) {
+        domanda += u"Il file del dizionario non c'è.\n"_s;
+    } else {
+        try {
+            Tabella tabella;
+            const qint32 ultima = CaricaDizionario(percorso, tabella);
+            domanda += u"File: %1 voci.\n"_s.arg(ContaVoci(tabella, ultima));
+        } catch (const ErroreRuntime &) {
+            domanda += u"Il file del dizionario non si può leggere.\n"_s;
+        }
+        if (adesso != copia.dizionario)
+            domanda += u"Il file è cambiato dopo la copia.\n"_s;
+    }
+    return Messaggio(this, QMessageBox::Question, u"Recupero"_s, domanda + u"Recuperarla?"_s,
+                     QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
 }
 
 void MDIForm1::mnuFileRecente(std::size_t i)
@@ -236,23 +340,26 @@ bool MDIForm1::SalvaDocumento()
     Module1::Stato &s = stato();
     if (!s.DizionarioAperto || NomeRiservato(s.PercorsoDizionario))
         return false;
+    if (const QString file = Documento::CambiatoDaAltri();
+        !file.isEmpty() && Messaggio(this, QMessageBox::Warning, u"Attenzione!"_s,
+                                     u"Il file "_s + file +
+                                         u" è stato cambiato da un altro programma da quando è stato letto. "
+                                         u"Sostituirlo?"_s,
+                                     QMessageBox::Yes | QMessageBox::No) != QMessageBox::Yes)
+        return false;
     s.NuovoDizionario = false;
-    QString percorso = s.PercorsoDizionario;
     try {
-        SalvaDizionario(percorso, s.Dizionario1, s.LenDizionario1);
-        percorso = s.PercorsoIni = PercorsoIniScritto(s.PercorsoDizionario);
-        ScriviInPosto(percorso, ScriviIni(s.impostazioni));
+        Documento::Salva();
     } catch (const std::exception &eccezione) {
         const auto *errore = dynamic_cast<const ErroreRuntime *>(&eccezione);
         // What stands on the disk now may be less than what is in memory; also a new dictionary can go elsewhere.
         SegnaModificato();
         Abilita(u"mnuFileSalvaConNome"_s, true);
         Messaggio(this, QMessageBox::Critical, u"Errore!"_s,
-                  u"Impossibile salvare "_s + percorso + u".\n"_s + (errore ? errore->testo : TestoMemoria()) +
+                  (errore ? errore->testo : TestoMemoria()) +
                       u"\nLe voci restano nel programma: liberare spazio o salvare con un altro nome."_s);
         return false;
     }
-    s.Modificato = false;
     return true;
 }
 
@@ -274,8 +381,11 @@ void MDIForm1::mnuFileSalvaConNome()
         s.PercorsoDizionario = dlg.nomeFile;
     if (!SalvaDocumento()) {
         // The dictionary under its own name is untouched by what happened to the other one.
-        if (s.PercorsoDizionario != percorso)
+        if (s.PercorsoDizionario != percorso) {
             s.Modificato = modificato;
+            if (!modificato)
+                s.recupero->Togli();
+        }
         s.PercorsoDizionario = percorso;
         s.PercorsoIni = ini;
         return;
@@ -295,6 +405,7 @@ void MDIForm1::simulachiusura(bool &annulla)
         if (risposta == QMessageBox::No) {
             if (s.NuovoDizionario && m_fileCreato)
                 QFile::remove(s.PercorsoDizionario);
+            s.recupero->Togli();
             s.Modificato = false;
         } else if (risposta != QMessageBox::Yes || !SalvaDocumento()) {
             annulla = true;
@@ -320,22 +431,14 @@ void MDIForm1::Chiudi()
     s.DizionarioAperto = false;
     StatoChiuso();
     ScaricaFinestre({u"EsercizioForm1"_s, u"InserimentoForm1"_s, u"proprietaForm1"_s, u"VisualizzaForm1"_s});
-    AggiornaRecenti(s.recenti, s.PercorsoDizionario);
-    AggiornaMenuRecenti();
-    try {
-        // Named without a folder: the current one.
-        RiscriviFileVarbel(PercorsoVarbelIni(), u"x1x2x3x4.zzz"_s, s.recenti, servizi().dlgFile.cartella,
-                           s.DimensioneFont);
-    } catch (const ErroreRuntime &errore) {
+    Documento::Chiudi(PercorsoVarbelIni(), servizi().dlgFile.cartella, [this](const ErroreRuntime &errore) {
         Messaggio(this, QMessageBox::Critical, u"Errore!"_s,
                   u"Impossibile aggiornare "_s + PercorsoVarbelIni() + u".\n"_s + errore.testo);
-    }
-    Module1::AzzeraDizionario();
+    });
+    AggiornaMenuRecenti();
     AggiornaTastiRapidi();
     AggiornaComponi();
     servizi().dlgFile.nomeFile.clear();
-    s.Modificato = false;
-    s.NuovoDizionario = false;
     m_fileCreato = false;
     servizi().mnuFinestre->setVisible(false);
 }

@@ -43,6 +43,7 @@ void MDIForm1::mnuStrumentiUnisci()
     QString sorgente;
     if (!ScegliFile(u"Seleziona il dizionario sorgente"_s, Scelta::Apri, sorgente))
         return;
+    const qint32 voci = ContaVoci(stato().Dizionario1, stato().LenDizionario1);
     qint32 aggiunte = 0;
     bool interrotta = false;
     try {
@@ -62,7 +63,8 @@ void MDIForm1::mnuStrumentiUnisci()
     }
     if (interrotta)
         Messaggio(this, QMessageBox::Information, u"Unione"_s,
-                  u"Unione interrotta. Voci aggiunte: %1."_s.arg(aggiunte));
+                  u"Unione interrotta. Voci aggiunte: %1."_s.arg(
+                      ContaVoci(stato().Dizionario1, stato().LenDizionario1) - voci));
 }
 
 void MDIForm1::mnuStrumentiComponi()
@@ -70,7 +72,7 @@ void MDIForm1::mnuStrumentiComponi()
     if (QMdiSubWindow *aperta = FinestraAperta(u"ComponiForm1"_s); aperta && !aperta->close())
         return;
     QString secondo;
-    if (!ScegliFile(u"Componi Dizionario"_s, Scelta::Apri, secondo))
+    if (!ScegliFile(u"Componi Dizionario"_s, Scelta::Apri, secondo) || NomeRiservato(secondo))
         return;
     try {
         Composizione::Leggi(secondo);
@@ -130,17 +132,16 @@ void MDIForm1::mnuStrumentiConversioni()
 QWidget *MDIForm1::CreaConverti()
 {
     auto *converti = new ConvertiForm1(m_daConvertire, this);
-    Collega(converti, &ConvertiForm1::converte, this, [this] { ScaricaFinestre({u"OutPutForm"_s}); });
     Collega(converti, &ConvertiForm1::tabellaCambiata, this, [this] { AggiornaVisualizza(); });
-    Collega(converti, &ConvertiForm1::convertito, this, [this](OutPutForm *uscita) { MostraUscita(uscita); });
+    Collega(converti, &ConvertiForm1::convertito, this, [this](const QStringList &errori) { MostraUscita(errori); });
     return converti;
 }
 
-void MDIForm1::MostraUscita(OutPutForm *uscita)
+void MDIForm1::MostraUscita(const QStringList &errori)
 {
-    QMdiSubWindow *finestra = m_area->addSubWindow(uscita);
-    DisponiFinestra(finestra);
-    PortaInPrimoPiano(finestra);
+    // One window: this list takes the place of the one of another conversion.
+    ScaricaFinestre({u"OutPutForm"_s});
+    Mostra<OutPutForm>()->ImpostaErrori(errori);
     // The conversion window, which closes next, takes its caption off the list but leaves the marks where they are.
     QMetaObject::invokeMethod(
         this, [this] { Attivata(m_ultimaAttiva); }, Qt::QueuedConnection);

@@ -2,7 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/Servizi.h"
 
+#include "app/Protezione.h"
+#include "core/Documento.h"
+
 #include <QAction>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QWidget>
@@ -61,6 +65,17 @@ void SegnaModificato()
     Module1::stato().Modificato = true;
     if (servizi().mnuFileSalva)
         servizi().mnuFileSalva->setEnabled(true);
+    if (!Module1::stato().DizionarioAperto)
+        return;
+    try {
+        Documento::AggiornaCopia();
+        servizi().copiaFallita = false;
+    } catch (const ErroreRuntime &errore) {
+        if (!std::exchange(servizi().copiaFallita, true))
+            Messaggio(QApplication::activeWindow(), QMessageBox::Warning, u"Recupero"_s,
+                      u"Impossibile scrivere la copia di recupero.\n"_s + errore.testo +
+                          u"\nLe voci restano nel programma: conviene salvare il dizionario."_s);
+    }
 }
 
 int Pixel(int twip)

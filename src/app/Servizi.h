@@ -22,11 +22,13 @@ struct Servizi {
     std::array<QAction *, Module1::MassimoFinestre> mnuFinestra{};
     /// The control of the main window that last had the focus, also while a dialog has it.
     QPointer<QWidget> ultimoFuoco;
+    /// The recovery copy could not be written, and the user has been told.
+    bool copiaFallita = false;
 };
 
 Servizi &servizi();
 
-/// Sets the modified flag and enables the save command.
+/// Sets the modified flag, enables the save command and brings the recovery copy up to date.
 void SegnaModificato();
 
 /// A length in twips as device-independent pixels, halves to even.

@@ -101,6 +101,14 @@ bool LeggiLinea(LettoreDizionario &lettore, QString &linea)
     }
 }
 
+void ContaVuote::Conta(const QString &linea, qint32 righe)
+{
+    constexpr qint32 molte = 100000;
+    m_vuote += linea.isEmpty() ? 1 : 0;
+    if (m_vuote > molte && m_vuote > righe / 2)
+        throw ErroreRuntime(57, QStringLiteral("Il file non è un dizionario."));
+}
+
 qint32 CaricaDizionario(QIODevice &dispositivo, Tabella &tabella)
 {
     Svuota(tabella, Capacita(tabella));

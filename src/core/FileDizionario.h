@@ -23,6 +23,18 @@ struct LettoreDizionario {
 /// The next line into `linea` (its storage is reused); false at the end. ErroreRuntime 57 when reading fails.
 bool LeggiLinea(LettoreDizionario &lettore, QString &linea);
 
+/// Stops the reading of a file that is no dictionary: one of zeros is an empty line every two bytes, and no memory
+/// holds them.
+class ContaVuote
+{
+public:
+    /// ErroreRuntime 57 when most of a great many lines are empty; `righe` is how many came before.
+    void Conta(const QString &linea, qint32 righe);
+
+private:
+    qint32 m_vuote = 0;
+};
+
 /// Empties the table and fills it from the file, doubling it when full. Returns the last-row index: rows read - 1, or
 /// 0 when there were none. ErroreRuntime 57 when reading fails; the table is then empty.
 qint32 CaricaDizionario(QIODevice &dispositivo, Tabella &tabella);

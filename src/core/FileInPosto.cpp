@@ -36,6 +36,12 @@ ErroreRuntime ErroreScrittura(const QFileDevice &file)
 }
 } // namespace
 
+Impronta ImprontaDi(const QString &percorso)
+{
+    const QFileInfo info(percorso);
+    return info.isFile() ? Impronta{.quando = info.lastModified(), .dimensione = info.size()} : Impronta();
+}
+
 void ErroreApertura(const QString &percorso, const QString &motivo)
 {
     const QFileInfo info(percorso);

@@ -3,10 +3,20 @@
 #pragma once
 
 #include <QByteArray>
+#include <QDateTime>
 #include <QIODevice>
 #include <QString>
 
 #include <functional>
+
+/// What a file looks like from outside: another one means that somebody has written it. Size -1: there is none.
+struct Impronta {
+    QDateTime quando;
+    qint64 dimensione = -1;
+
+    bool operator==(const Impronta &) const = default;
+};
+Impronta ImprontaDi(const QString &percorso);
 
 /// Writes a file in place: deletes the one that is there (a failure to delete is no error), then opens, writes with
 /// `scrivi`, flushes to the disk, checks the size on it and closes. ErroreRuntime 57, 61 or 75 with the reason.

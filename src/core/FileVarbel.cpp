@@ -7,10 +7,14 @@
 #include "core/Testo8Bit.h"
 
 #include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 #include <limits>
+#include <system_error>
 
 using namespace Qt::StringLiterals;
 
@@ -117,8 +121,7 @@ QStringList LineeDelFile(const QString &percorso)
 void RiscriviFileVarbel(const QString &percorso, const QString &temporaneo, const Recenti &recenti,
                         const QString &cartella, qint32 dimensioneFont)
 {
-    const QByteArray prima = LeggiTutto(percorso);
-    const QStringList linee = Testo8Bit::Linee(Testo8Bit::Leggi(prima));
+    const QStringList linee = LineeDelFile(percorso);
     const QByteArray dopo =
         Testo8Bit::Scrivi(Testo8Bit::Unisci(RiscriviVarbel(linee, recenti, cartella, dimensioneFont)));
     const auto rinuncia = [&temporaneo](const QString &motivo) {
@@ -130,14 +133,16 @@ void RiscriviFileVarbel(const QString &percorso, const QString &temporaneo, cons
     } catch (const ErroreRuntime &errore) {
         rinuncia(errore.testo);
     }
-    QFile vecchio(percorso);
-    if (!vecchio.remove())
-        rinuncia(vecchio.errorString());
-    QFile nuovo(temporaneo);
-    if (!nuovo.rename(percorso)) {
-        const QString motivo = nuovo.errorString();
-        // The temporary file goes only when the old contents stand again.
-        ScriviInPosto(percorso, prima);
-        rinuncia(motivo);
-    }
+    // The old file gives way in one step: a program that ends here leaves the one or the other.
+    std::error_code motivo;
+    std::filesystem::rename(QFileInfo(temporaneo).filesystemFilePath(), QFileInfo(percorso).filesystemFilePath(),
+                            motivo);
+    if (!motivo)
+        return;
+    // On two volumes.
+    QSaveFile nuovo(percorso);
+    const bool scritto = nuovo.open(QIODevice::WriteOnly) && nuovo.write(dopo) == dopo.size() && nuovo.commit();
+    if (!scritto)
+        rinuncia(nuovo.errorString());
+    QFile::remove(temporaneo);
 }

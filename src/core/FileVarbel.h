@@ -34,7 +34,7 @@ QStringList RiscriviVarbel(const QStringList &linee, const Recenti &recenti, con
 /// The lines of a settings file. ErroreRuntime 53 when it is missing, 70 or 75 when it cannot be read.
 QStringList LineeDelFile(const QString &percorso);
 
-/// Rewrites the file through `temporaneo`: written, flushed and checked before the old one is deleted, then renamed.
+/// Rewrites the file through `temporaneo`: written, flushed and checked before it takes the place of the old one.
 /// ErroreRuntime 75 with the reason when a step fails; the file is then as it was.
 void RiscriviFileVarbel(const QString &percorso, const QString &temporaneo, const Recenti &recenti,
                         const QString &cartella, qint32 dimensioneFont);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "core/FileInPosto.h"
 #include "core/FileIni.h"
 #include "core/FileVarbel.h"
 #include "core/Tabella.h"
@@ -9,9 +10,11 @@
 #include <QString>
 
 #include <array>
+#include <memory>
 #include <vector>
 
 class QObject;
+class Recupero;
 
 /// The program's global state, with the operations on its two tables. Windows read and change it directly.
 namespace Module1
@@ -45,6 +48,11 @@ struct Stato {
     /// Full paths of the open dictionary and its companion; empty when none is open.
     QString PercorsoDizionario;
     QString PercorsoIni;
+    /// How the dictionary's file, and the companion file that a save writes, looked when last read or saved here.
+    Impronta FileDizionario;
+    Impronta FileIni;
+    /// Keeps the open dictionary's recovery copy.
+    std::shared_ptr<Recupero> recupero;
     ImpostazioniDizionario impostazioni;
 
     /// Exercise: stored lines answered wrongly, how often each, and how many are in use.

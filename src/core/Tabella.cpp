@@ -87,6 +87,13 @@ qint32 ChiudiBuchi(Tabella &tabella, qint32 n)
     return static_cast<qint32>(fine - inizio) - 1;
 }
 
+qint32 ContaVoci(const Tabella &tabella, qint32 n)
+{
+    const auto inizio = tabella.righe.begin();
+    const auto fine = inizio + std::clamp(n + 1, 0, Capacita(tabella) + 1);
+    return static_cast<qint32>(std::count_if(inizio, fine, [](const RigaTabella &riga) { return !riga[2].isEmpty(); }));
+}
+
 void Svuota(Tabella &tabella, qint32 n)
 {
     std::fill_n(tabella.righe.begin(), std::clamp(n + 1, 0, Capacita(tabella) + 1), RigaTabella());

@@ -46,5 +46,8 @@ void RiempiBuco(Tabella &tabella, qint32 r, qint32 &n);
 /// room first when n is the capacity. Returns the last row left, -1 when none is.
 qint32 ChiudiBuchi(Tabella &tabella, qint32 n);
 
+/// How many of rows 0 to n are no holes.
+qint32 ContaVoci(const Tabella &tabella, qint32 n);
+
 /// Empties rows 0 to n.
 void Svuota(Tabella &tabella, qint32 n);

@@ -5,28 +5,17 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
-#include <QStyledItemDelegate>
 
 #include <algorithm>
 
-namespace
+QString DelegatoParola::displayText(const QVariant &valore, const QLocale & /*locale*/) const
 {
-// What is painted of a word: a line of megabytes, or one with controls in it, must not stop the list.
-class DelegatoParola : public QStyledItemDelegate
-{
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-    [[nodiscard]] QString displayText(const QVariant &valore, const QLocale & /*locale*/) const override
-    {
-        constexpr qsizetype massimo = 500;
-        QString testo = valore.toString().left(massimo);
-        std::replace_if(
-            testo.begin(), testo.end(), [](QChar c) { return c.category() == QChar::Other_Control; }, QChar(u' '));
-        return testo;
-    }
-};
-} // namespace
+    constexpr qsizetype massimo = 500;
+    QString testo = valore.toString().left(massimo);
+    std::replace_if(
+        testo.begin(), testo.end(), [](QChar c) { return c.category() == QChar::Other_Control; }, QChar(u' '));
+    return testo;
+}
 
 ModelloColonna::ModelloColonna(const Tabella &tabella, int colonna, QObject *genitore)
     : QAbstractListModel(genitore), m_tabella(tabella), m_colonna(static_cast<std::size_t>(colonna))

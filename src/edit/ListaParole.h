@@ -5,6 +5,7 @@
 #include "core/Tabella.h"
 
 #include <QAbstractListModel>
+#include <QStyledItemDelegate>
 #include <QTableView>
 
 /// One column of a table as a list: row i of the list is row i of the table, no word is copied.
@@ -31,6 +32,16 @@ protected:
 private:
     std::size_t m_colonna;
     qint32 m_righe = 0;
+};
+
+/// What is painted of a word or line: one of megabytes, or with controls in it, must not stop the list.
+class DelegatoParola : public QStyledItemDelegate
+{
+    Q_OBJECT
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    [[nodiscard]] QString displayText(const QVariant &valore, const QLocale &locale) const override;
 };
 
 /// A list box over a ModelloColonna: one row selected or none, every move selects, typed letters find. A table of one

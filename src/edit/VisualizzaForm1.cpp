@@ -4,9 +4,8 @@
 
 #include "app/Protezione.h"
 #include "app/Servizi.h"
-#include "core/FileDizionario.h"
+#include "core/Documento.h"
 #include "edit/ListaParole.h"
-#include "edit/Ordinamento.h"
 #include "edit/Voci.h"
 #include "ui_VisualizzaForm1.h"
 
@@ -31,13 +30,12 @@ VisualizzaForm1::VisualizzaForm1(QWidget *genitore)
     AggiornaFont();
     AggiornaTitolo();
 
-    Module1::Stato &s = stato();
-    s.LenDizionario1 = CaricaDizionario(s.PercorsoDizionario, s.Dizionario1);
-    OrdinaStringhe(s.Dizionario1, s.LenDizionario1);
+    Documento::Carica();
     RiempiListe();
 
     QAction *voce = servizi().mnuFinestra[0];
     servizi().mnuFinestre->setVisible(true);
+    servizi().mnuFinestre->setEnabled(true);
     voce->setText(Didascalia(windowTitle()));
     voce->setVisible(true);
     voce->setChecked(true);

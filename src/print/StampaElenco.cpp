@@ -36,7 +36,9 @@ bool StampaElenco(QPrinter &stampante, const QFont &font, const QStringList &rig
                 return false;
             cima = 0;
         }
-        pittore.drawText(QPointF(0, cima + metrica.ascent()), riga);
+        // Wider than any sheet.
+        constexpr qsizetype massimo = 1000;
+        pittore.drawText(QPointF(0, cima + metrica.ascent()), riga.left(massimo));
         cima += metrica.lineSpacing();
     }
     return pittore.end() && stampante.printerState() != QPrinter::Error;
@@ -44,6 +46,8 @@ bool StampaElenco(QPrinter &stampante, const QFont &font, const QStringList &rig
 
 void StampaElenco(QWidget *genitore, const QStringList &righe)
 {
+    if (righe.isEmpty())
+        return;
     QPrinter stampante;
     QPrintDialog dialogo(&stampante, genitore->window());
     dialogo.exec();

@@ -72,7 +72,7 @@ namespace
 // The part of a path after its last separator, the whole path in the tool tip.
 void MostraNome(QLabel *etichetta, const QString &percorso)
 {
-    etichetta->setText(QFileInfo(percorso).fileName());
+    etichetta->setText(Didascalia(QFileInfo(percorso).fileName()));
     etichetta->setToolTip("<span>"_L1 + percorso.toHtmlEscaped() + "</span>"_L1);
 }
 } // namespace
@@ -249,8 +249,11 @@ bool ComponiForm1::ScriviSecondo()
         throw;
     }
     // What is in memory is no longer what its file holds.
-    if (stato().DizionarioAperto && QFileInfo(percorso) == QFileInfo(stato().PercorsoDizionario))
+    if (stato().DizionarioAperto && QFileInfo(percorso) == QFileInfo(stato().PercorsoDizionario)) {
+        // Nor is it the file that a close without saving may delete.
+        stato().NuovoDizionario = false;
         SegnaModificato();
+    }
     return true;
 }
 

@@ -6,10 +6,11 @@
 #include "core/FileDizionario.h"
 #include "core/FileInPosto.h"
 #include "core/Module1.h"
+#include "core/Percorsi.h"
+#include "core/Recupero.h"
 #include "edit/Ordinamento.h"
 #include "edit/Voci.h"
 
-#include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
 
@@ -21,24 +22,17 @@ using Module1::stato;
 
 namespace
 {
-// What a file looks like from outside.
-using Impronta = std::pair<QDateTime, qint64>;
-
 struct Secondo {
     QString percorso;
     Impronta impronta;
+    /// From the first attempt to write on.
+    std::shared_ptr<Recupero> recupero;
 };
 
 Secondo &secondo()
 {
     static Secondo unico;
     return unico;
-}
-
-Impronta ImprontaDi(const QString &percorso)
-{
-    const QFileInfo info(percorso);
-    return {info.lastModified(), info.size()};
 }
 
 QStringView SenzaSpazi(QStringView testo)
@@ -50,12 +44,28 @@ QStringView SenzaSpazi(QStringView testo)
     return testo;
 }
 
+// What a write that is cut short would lose.
+void CopiaPrima(qint32 ultima)
+{
+    Secondo &s = secondo();
+    const QString ini = PercorsoIniLetto(s.percorso);
+    try {
+        if (!s.recupero)
+            s.recupero = std::make_shared<Recupero>(s.percorso);
+        s.recupero->Scrivi(s.impronta, QFileInfo::exists(ini) ? LeggiTutto(ini) : ScriviIni({}), stato().Dizionario2,
+                           ultima);
+    } catch (const ErroreRuntime &) {
+        // The write itself may still succeed.
+    }
+}
+
 void Riempi(QIODevice &dispositivo, Tabella &tabella, qint32 &righe)
 {
     LettoreDizionario lettore(dispositivo);
+    ContaVuote vuote;
     for (QString linea; LeggiLinea(lettore, linea); ++righe) {
-        // A hole is sorted out of sight and never written, unless it is the last row, which the sort spares. Without
-        // the others a file of nothing but zeros needs no memory.
+        vuote.Conta(linea, righe);
+        // A hole is sorted out of sight and never written, unless it is the last row, which the sort spares.
         if (righe > 0 && RigaDi(tabella, righe - 1)[2].isEmpty())
             --righe;
         if (righe == Capacita(tabella)) {
@@ -130,13 +140,15 @@ void Leggi(const QString &percorso)
         Libera();
         throw;
     }
-    secondo() = {percorso, impronta};
+    secondo() = {percorso, impronta, nullptr};
 }
 
 void Libera()
 {
     stato().Dizionario2 = {};
     stato().LenDizionario2 = 0;
+    if (secondo().recupero)
+        secondo().recupero->Togli();
     secondo() = {};
 }
 
@@ -147,14 +159,20 @@ bool Cambiato()
 
 void Scrivi()
 {
+    const Module1::Stato &s = stato();
+    const qint32 ultima = s.LenDizionario2 - 1;
     const auto nota = [] { secondo().impronta = ImprontaDi(componiFile()); };
     try {
-        SalvaDizionario(componiFile(), stato().Dizionario2, stato().LenDizionario2 - 1);
+        CopiaPrima(ultima);
+        SalvaDizionario(componiFile(), s.Dizionario2, ultima);
     } catch (...) {
         nota();
         throw;
     }
     nota();
+    if (secondo().recupero)
+        secondo().recupero->Togli();
+    secondo().recupero.reset();
 }
 
 Voci Copia1in2(qint32 riga)

@@ -59,7 +59,9 @@ bool UnaCifra(const QString &testo)
 // The number that a text begins with, 0 when none.
 double Valore(const QString &testo)
 {
-    QString numero = testo;
+    // No number is longer.
+    constexpr qsizetype massimo = 400;
+    QString numero = testo.left(massimo);
     numero.remove(u' ').remove(u'\t');
     // The toolkit would read "inf" and "nan".
     if (!numero.isEmpty() && numero[0].isLetter())

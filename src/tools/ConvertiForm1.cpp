@@ -6,9 +6,9 @@
 #include "app/Protezione.h"
 #include "app/Servizi.h"
 #include "core/Riga.h"
-#include "tools/OutPutForm.h"
 #include "ui_ConvertiForm1.h"
 
+#include <exception>
 #include <limits>
 #include <utility>
 
@@ -104,10 +104,7 @@ void ConvertiForm1::Ok()
         return;
     EsitoConversione esito;
     bool riuscita = false;
-    std::unique_ptr<OutPutForm> uscita;
-    emit converte();
     try {
-        uscita = std::make_unique<OutPutForm>(window());
         const ImpostazioniConversione impostazioni = Impostazioni();
         m_separatori = ContaSeparatori(impostazioni);
         Attesa attesa(this, u"Conversione"_s);
@@ -115,25 +112,21 @@ void ConvertiForm1::Ok()
             FileDaConvertire, impostazioni,
             [&attesa](qint64 fatto, qint64 totale) { return attesa.Avanti(fatto, totale); }, esito);
         riuscita = true;
-    } catch (const ErroreRuntime &errore) {
-        if (errore.termina)
-            throw;
-    } catch (const std::bad_alloc &) {
-        uscita.reset();
+    } catch (const std::exception &) {
+        // Told below, once what was appended is shown and marked.
     }
     if (riuscita || esito.voci > 0) {
         emit tabellaCambiata();
         SegnaModificato();
     }
     if (!riuscita) {
-        uscita.reset();
         Messaggio(this, QMessageBox::Critical, u"Errore"_s, u"Si è verificato un errore nella conversione."_s);
         return;
     }
-    uscita->ImpostaErrori(esito.errori);
-    emit convertito(uscita.release());
-    if (esito.annullata)
-        Messaggio(this, QMessageBox::Information, u"Conversione"_s,
-                  u"Conversione interrotta. Voci aggiunte: %1."_s.arg(esito.voci));
+    emit convertito(esito.errori);
+    QWidget *principale = window();
     Scarica();
+    if (esito.annullata)
+        Messaggio(principale, QMessageBox::Information, u"Conversione"_s,
+                  u"Conversione interrotta. Voci aggiunte: %1."_s.arg(esito.voci));
 }

@@ -7,7 +7,6 @@
 
 #include <memory>
 
-class OutPutForm;
 class QLineEdit;
 
 namespace Ui
@@ -27,14 +26,11 @@ public:
     [[nodiscard]] QSize Misura(int sinistra) const override;
 
 signals:
-    /// A conversion begins: the list of the one before is no longer wanted.
-    void converte();
-
     /// Entries may have been appended to the main table.
     void tabellaCambiata();
 
-    /// A conversion has ended; its list of failures is the receiver's to show.
-    void convertito(OutPutForm *uscita);
+    /// A conversion has ended, with these lines that could not be cut.
+    void convertito(const QStringList &errori);
 
 private:
     [[nodiscard]] ImpostazioniConversione Impostazioni() const;

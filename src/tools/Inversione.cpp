@@ -20,28 +20,19 @@ using Module1::stato;
 
 namespace
 {
-constexpr std::size_t Campi = 4;
-
-// Comment 1, word 1, word 2, comment 2.
-std::array<QStringView, Campi> Pezzi(QStringView linea)
+riga Invertita(const QString &linea)
 {
-    std::array<QStringView, Campi> pezzi;
-    for (std::size_t i = 0; i < Campi; ++i) {
-        const qsizetype chiocciola = i + 1 < Campi ? linea.indexOf(u'@') : -1;
-        pezzi[i] = chiocciola < 0 ? linea : linea.first(chiocciola);
-        linea = chiocciola < 0 ? QStringView() : linea.sliced(chiocciola + 1);
-    }
-    return pezzi;
+    riga voce;
+    ScomponiRiga(linea, voce.lingua1, voce.lingua2, voce.commento1, voce.commento2);
+    std::swap(voce.lingua1, voce.lingua2);
+    std::swap(voce.commento1, voce.commento2);
+    return voce;
 }
 } // namespace
 
 QString LineaInvertita(const QString &linea)
 {
-    const std::array<QStringView, Campi> pezzi = Pezzi(linea);
-    return ComponiRiga({.lingua1 = pezzi[2].toString(),
-                        .lingua2 = pezzi[1].toString(),
-                        .commento1 = pezzi[3].toString(),
-                        .commento2 = pezzi[0].toString()});
+    return ComponiRiga(Invertita(linea));
 }
 
 void InvertiInPosto()
@@ -52,10 +43,9 @@ void InvertiInPosto()
     invertite.reserve(static_cast<std::size_t>(qMax(s.LenDizionario1 + 1, 0)));
     for (qint32 i = 0; i <= s.LenDizionario1; ++i) {
         const QString &linea = RigaDi(s.Dizionario1, i)[2];
-        const std::array<QStringView, Campi> pezzi = Pezzi(linea);
-        invertite.push_back(linea.isEmpty()
-                                ? RigaDi(s.Dizionario1, i)
-                                : RigaTabella{pezzi[2].toString(), pezzi[1].toString(), LineaInvertita(linea)});
+        const riga voce = Invertita(linea);
+        invertite.push_back(linea.isEmpty() ? RigaDi(s.Dizionario1, i)
+                                            : RigaTabella{voce.lingua1, voce.lingua2, ComponiRiga(voce)});
     }
     std::move(invertite.begin(), invertite.end(), s.Dizionario1.righe.begin());
 }

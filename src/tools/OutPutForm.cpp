@@ -4,6 +4,7 @@
 
 #include "app/Protezione.h"
 #include "app/Servizi.h"
+#include "edit/ListaParole.h"
 #include "print/StampaElenco.h"
 #include "ui_OutPutForm.h"
 
@@ -15,10 +16,11 @@ OutPutForm::OutPutForm(QWidget *genitore)
     ui->setupUi(this);
     Carica();
     ui->lstOutput->setModel(m_errori);
+    ui->lstOutput->setItemDelegate(new DelegatoParola(ui->lstOutput));
     InvioPreme(this, ui->cmdOk);
     Collega(ui->cmdStampa, &QPushButton::clicked, this, [this] { StampaElenco(this, m_errori->stringList()); });
     Collega(ui->cmdOk, &QPushButton::clicked, this, [this] { Scarica(); });
-    ui->cmdOk->setFocus();
+    setFocusProxy(ui->cmdOk);
 }
 
 OutPutForm::~OutPutForm() = default;

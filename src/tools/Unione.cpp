@@ -15,9 +15,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-// A file of NULs is an empty line every two bytes: no dictionary has so many, and no memory holds them.
-constexpr qint32 MassimoVuote = 100000;
-
 void Accoda(const QString &linea)
 {
     Module1::Stato &s = Module1::stato();
@@ -40,12 +37,11 @@ qint32 UnisciDizionario(const QString &percorso, const Avanzamento &avanti)
     const qint32 prima = s.LenDizionario1;
     LettoreDizionario lettore(file);
     const qint64 totale = file.size();
-    qint32 vuote = 0;
+    const qint32 capacita = Capacita(s.Dizionario1);
+    ContaVuote vuote;
     try {
         for (QString linea; LeggiLinea(lettore, linea);) {
-            vuote += linea.isEmpty() ? 1 : 0;
-            if (vuote > MassimoVuote && vuote > (s.LenDizionario1 - prima) / 2)
-                throw ErroreRuntime(57, u"Il file non è un dizionario."_s);
+            vuote.Conta(linea, s.LenDizionario1 - prima);
             Accoda(QStringView(linea).toString());
             if (!avanti(file.pos(), totale))
                 break;
@@ -54,6 +50,7 @@ qint32 UnisciDizionario(const QString &percorso, const Avanzamento &avanti)
         const auto righe = s.Dizionario1.righe.begin();
         std::fill(righe + prima + 1, righe + s.LenDizionario1 + 1, RigaTabella());
         s.LenDizionario1 = prima;
+        Ridimensiona(s.Dizionario1, capacita);
         throw;
     }
     return s.LenDizionario1 - prima;

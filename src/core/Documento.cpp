@@ -1,0 +1,131 @@
+// SPDX-FileCopyrightText: 2026 The Varbel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/Documento.h"
+
+#include "core/FileDizionario.h"
+#include "core/FileVarbel.h"
+#include "core/Module1.h"
+#include "core/Percorsi.h"
+#include "edit/Ordinamento.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+using Module1::stato;
+
+namespace
+{
+void NotaFile()
+{
+    Module1::Stato &s = stato();
+    s.FileDizionario = ImprontaDi(s.PercorsoDizionario);
+    s.FileIni = ImprontaDi(PercorsoIniScritto(s.PercorsoDizionario));
+}
+} // namespace
+
+namespace Documento
+{
+void Occupa()
+{
+    stato().recupero = std::make_shared<Recupero>(stato().PercorsoDizionario);
+    NotaFile();
+}
+
+QString CambiatoDaAltri()
+{
+    const Module1::Stato &s = stato();
+    // Under a new name it replaces what the user has chosen to replace.
+    if (!s.recupero || s.recupero->percorso() != s.PercorsoDizionario)
+        return {};
+    const auto cambiato = [](const QString &percorso, const Impronta &prima) {
+        const Impronta adesso = ImprontaDi(percorso);
+        return adesso.dimensione >= 0 && adesso != prima;
+    };
+    const QString ini = PercorsoIniScritto(s.PercorsoDizionario);
+    if (cambiato(s.PercorsoDizionario, s.FileDizionario))
+        return s.PercorsoDizionario;
+    return cambiato(ini, s.FileIni) ? ini : QString();
+}
+
+void Carica()
+{
+    Module1::Stato &s = stato();
+    s.LenDizionario1 = CaricaDizionario(s.PercorsoDizionario, s.Dizionario1);
+    OrdinaStringhe(s.Dizionario1, s.LenDizionario1);
+}
+
+void Prendi(const CopiaRecupero &copia)
+{
+    Module1::Stato &s = stato();
+    // One row more, free, as a file of as many entries leaves it.
+    const auto voci = static_cast<qint32>(copia.voci.size());
+    Tabella tabella;
+    Ridimensiona(tabella, std::max(Capacita(s.Dizionario1), voci));
+    std::transform(copia.voci.cbegin(), copia.voci.cend(), tabella.righe.begin(), RigaDaLinea);
+    try {
+        s.impostazioni = LeggiIni(copia.ini);
+    } catch (const ErroreRuntime &) {
+        // Those of the companion file stay.
+    }
+    s.Dizionario1 = std::move(tabella);
+    s.LenDizionario1 = voci;
+    s.Modificato = true;
+}
+
+void AggiornaCopia()
+{
+    const Module1::Stato &s = stato();
+    if (s.recupero)
+        s.recupero->Scrivi(s.FileDizionario, ScriviIni(s.impostazioni), s.Dizionario1, s.LenDizionario1);
+}
+
+void Salva()
+{
+    Module1::Stato &s = stato();
+    try {
+        AggiornaCopia();
+    } catch (const ErroreRuntime &) {
+        // The save itself may still succeed.
+    }
+    const QString ini = PercorsoIniScritto(s.PercorsoDizionario);
+    const bool altroNome = s.recupero && s.recupero->percorso() != s.PercorsoDizionario;
+    const auto scrivi = [altroNome](const QString &percorso, const auto &funzione) {
+        try {
+            funzione();
+        } catch (ErroreRuntime &errore) {
+            // What stands there now is ours, whole or not.
+            if (!altroNome)
+                NotaFile();
+            errore.testo = u"Impossibile salvare "_s + percorso + u".\n"_s + errore.testo;
+            throw;
+        }
+    };
+    scrivi(s.PercorsoDizionario, [&s] { SalvaDizionario(s.PercorsoDizionario, s.Dizionario1, s.LenDizionario1); });
+    s.PercorsoIni = ini;
+    scrivi(ini, [&] { ScriviInPosto(ini, ScriviIni(s.impostazioni)); });
+    NotaFile();
+    s.Modificato = false;
+    if (!s.recupero)
+        return;
+    s.recupero->Togli();
+    if (altroNome)
+        s.recupero = std::make_shared<Recupero>(s.PercorsoDizionario);
+}
+
+void Chiudi(const QString &fileVarbel, const QString &cartella,
+            const std::function<void(const ErroreRuntime &)> &avvisa)
+{
+    Module1::Stato &s = stato();
+    AggiornaRecenti(s.recenti, s.PercorsoDizionario);
+    try {
+        // Named without a folder: the current one.
+        RiscriviFileVarbel(fileVarbel, u"x1x2x3x4.zzz"_s, s.recenti, cartella, s.DimensioneFont);
+    } catch (const ErroreRuntime &errore) {
+        avvisa(errore);
+    }
+    s.recupero.reset();
+    Module1::AzzeraDizionario();
+    s.Modificato = false;
+    s.NuovoDizionario = false;
+}
+} // namespace Documento

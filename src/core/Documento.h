@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The Varbel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/ErroreRuntime.h"
+#include "core/Recupero.h"
+
+#include <QString>
+
+#include <functional>
+
+/// The one open dictionary and its files: what opening, saving and closing do without a window.
+namespace Documento
+{
+/// Keeps a recovery copy for the dictionary at the state's path from now on, and notes how its files look.
+void Occupa();
+
+/// The dictionary's file, else the companion file that a save would write, when another program has written it since
+/// it was read or saved here; empty when none. A file that has gone is not one.
+QString CambiatoDaAltri();
+
+/// Reads the dictionary's file into the main table, sorted. ErroreRuntime 53, 57, 70 or 75.
+void Carica();
+
+/// Takes the entries and settings of a copy into the state; the dictionary then counts as modified.
+void Prendi(const CopiaRecupero &copia);
+
+/// Brings the recovery copy up to date. ErroreRuntime 57, 61 or 75 with the reason.
+void AggiornaCopia();
+
+/// Saves the dictionary, then its companion file, under the state's path, which may be new. The recovery copy is up to
+/// date before anything is deleted and goes at the end. ErroreRuntime as `ScriviInPosto`, its text naming the file; the
+/// table, the modified flag and the copy are then as they were.
+void Salva();
+
+/// Closes: the recent list, varbel.ini in `fileVarbel` rewritten with it, the state emptied. `avvisa` is told why the
+/// rewriting failed, which stops nothing.
+void Chiudi(const QString &fileVarbel, const QString &cartella,
+            const std::function<void(const ErroreRuntime &)> &avvisa);
+} // namespace Documento

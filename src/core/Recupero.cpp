@@ -1,0 +1,232 @@
+// SPDX-FileCopyrightText: 2026 The Varbel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/Recupero.h"
+
+#include "core/ErroreRuntime.h"
+#include "core/FileDizionario.h"
+#include "core/Testo8Bit.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QStandardPaths>
+#include <QUrl>
+#include <QtEndian>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+// Programs that may have the same dictionary open, each with a copy of its own.
+constexpr int MassimoPosti = 9;
+
+constexpr QFileDevice::Permissions Proprietario = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
+
+const QString Titolo = QStringLiteral("Copia di recupero di un dizionario di Varbel");
+const QString RigaDizionario = QStringLiteral("Dizionario: ");
+const QString RigaFile = QStringLiteral("File, byte e data: ");
+const QString RigaQuando = QStringLiteral("Data della copia: ");
+const QString RigaImpostazioni = QStringLiteral("Righe di impostazioni: ");
+
+QString Cartella()
+{
+#if defined(Q_OS_WIN) || defined(Q_OS_MACOS)
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/varbel/recupero"_s;
+#else
+    const QString stato = qEnvironmentVariable("XDG_STATE_HOME");
+    return (QDir::isAbsolutePath(stato) ? stato : QDir::homePath() + u"/.local/state"_s) + u"/varbel"_s;
+#endif
+}
+
+// The same file for a dictionary that is reached by another way.
+QString FileDi(const QString &percorso, int posto)
+{
+    const QFileInfo info(percorso);
+    const QString cartella = QFileInfo(info.path()).canonicalFilePath();
+    const QString intero = (cartella.isEmpty() ? info.path() : cartella) + u'/' + info.fileName();
+    const QByteArray sigla = QCryptographicHash::hash(intero.toUtf8(), QCryptographicHash::Sha1).toHex().left(16);
+    // File systems take 255 bytes, of which a character of the name may be four.
+    constexpr qsizetype massimoNome = 40;
+    return u"%1/%2-%3-%4.txt"_s.arg(Cartella(), info.fileName().left(massimoNome), QString::fromLatin1(sigla))
+        .arg(posto);
+}
+
+std::unique_ptr<QLockFile> Serratura(const QString &file)
+{
+    auto serratura = std::make_unique<QLockFile>(file + u".lock"_s);
+    // Stale when its program has died, never by its age.
+    serratura->setStaleLockTime(0);
+    return serratura;
+}
+
+// What a program that was killed while it wrote has left beside the copy.
+void TogliIncompiute(const QString &file)
+{
+    const QFileInfo copia(file);
+    const QString inizio = copia.fileName() + u'.';
+    constexpr qsizetype lettereACaso = 6;
+    for (const QString &nome : QDir(copia.path()).entryList(QDir::Files)) {
+        if (nome.startsWith(inizio) && nome.size() == inizio.size() + lettereACaso)
+            QFile::remove(copia.path() + u'/' + nome);
+    }
+}
+
+// A path as one line: a name may hold anything.
+QString InUnaRiga(const QString &percorso)
+{
+    QString riga;
+    for (const QChar c : percorso)
+        riga += c < u' ' || c == u'%' ? u'%' + QString::number(c.unicode(), 16).rightJustified(2, u'0') : QString(c);
+    return riga;
+}
+
+QByteArray InUtf16(const QString &testo)
+{
+    QByteArray byte(testo.size() * 2, Qt::Uninitialized);
+    qToLittleEndian<char16_t>(testo.utf16(), testo.size(), byte.data());
+    return byte;
+}
+
+// The lines one after the other; only the pair CR LF ends one, since a stored line may end in a CR.
+class Linee
+{
+public:
+    explicit Linee(QString testo) : m_testo(std::move(testo)) {}
+
+    [[nodiscard]] bool Finite() const { return m_posto >= m_testo.size(); }
+
+    QString Prossima()
+    {
+        const qsizetype trovata = m_testo.indexOf("\r\n"_L1, m_posto);
+        const qsizetype fine = trovata < 0 ? m_testo.size() : trovata;
+        QString linea = m_testo.sliced(m_posto, fine - m_posto);
+        m_posto = trovata < 0 ? fine : fine + 2;
+        return linea;
+    }
+
+    // What stands after `inizio` on the next line.
+    QString Dopo(const QString &inizio)
+    {
+        const QString linea = Finite() ? QString() : Prossima();
+        if (!linea.startsWith(inizio))
+            throw ErroreRuntime(57, u"Il file non è una copia di recupero."_s);
+        return linea.sliced(inizio.size());
+    }
+
+private:
+    QString m_testo;
+    qsizetype m_posto = 0;
+};
+
+QDateTime Data(const QString &testo)
+{
+    return QDateTime::fromString(testo, Qt::ISODateWithMs);
+}
+
+QString TestoData(const QDateTime &data)
+{
+    return data.toUTC().toString(Qt::ISODateWithMs);
+}
+} // namespace
+
+CopiaRecupero LeggiCopia(const QByteArray &byte)
+{
+    QString testo(byte.size() / 2, Qt::Uninitialized);
+    qFromLittleEndian<char16_t>(byte.constData(), testo.size(), testo.data());
+    Linee linee(std::move(testo));
+    CopiaRecupero copia;
+    linee.Dopo(QChar(QChar::ByteOrderMark) + Titolo);
+    copia.percorso = QUrl::fromPercentEncoding(linee.Dopo(RigaDizionario).toUtf8());
+    const QString file = linee.Dopo(RigaFile);
+    copia.dizionario = {.quando = Data(file.section(u' ', 1)), .dimensione = file.section(u' ', 0, 0).toLongLong()};
+    copia.quando = Data(linee.Dopo(RigaQuando));
+    QStringList ini;
+    for (qint64 righe = linee.Dopo(RigaImpostazioni).toLongLong(); righe > 0 && !linee.Finite(); --righe)
+        ini += linee.Prossima();
+    copia.ini = Testo8Bit::Scrivi(Testo8Bit::Unisci(ini));
+    while (!linee.Finite())
+        copia.voci += linee.Prossima();
+    copia.voci.removeAll(QString());
+    return copia;
+}
+
+CopiaRecupero LeggiFileCopia(const QString &file)
+{
+    return LeggiCopia(LeggiTutto(file));
+}
+
+Recupero::Recupero(QString percorso) : m_percorso(std::move(percorso))
+{
+    const QString cartella = Cartella();
+    QDir().mkpath(cartella);
+    QFile::setPermissions(cartella, Proprietario | QFileDevice::ExeOwner);
+    for (int posto = 1; posto <= MassimoPosti; ++posto) {
+        const QString file = FileDi(m_percorso, posto);
+        // A lock costs a write to the disk.
+        if (!m_file.isEmpty() && !QFileInfo::exists(file))
+            continue;
+        std::unique_ptr<QLockFile> serratura = Serratura(file);
+        if (!serratura->tryLock() && serratura->error() == QLockFile::LockFailedError) {
+            m_altrove = true;
+            continue;
+        }
+        if (QFileInfo::exists(file))
+            m_trovate += file;
+        if (m_file.isEmpty()) {
+            m_file = file;
+            m_serratura = std::move(serratura);
+            TogliIncompiute(m_file);
+        }
+    }
+}
+
+void Recupero::Scrivi(const Impronta &dizionario, const QByteArray &ini, const Tabella &tabella, qint32 ultima)
+{
+    const QStringList righeIni = Testo8Bit::Linee(Testo8Bit::Leggi(ini));
+    QString testa = QChar(QChar::ByteOrderMark) + Titolo + "\r\n"_L1;
+    testa += RigaDizionario + InUnaRiga(m_percorso) + "\r\n"_L1;
+    testa += RigaFile + QString::number(dizionario.dimensione) + u' ' + TestoData(dizionario.quando) + "\r\n"_L1;
+    testa += RigaQuando + TestoData(QDateTime::currentDateTimeUtc()) + "\r\n"_L1;
+    testa += RigaImpostazioni + QString::number(righeIni.size()) + "\r\n"_L1 + Testo8Bit::Unisci(righeIni);
+
+    QSaveFile file(m_file);
+    const auto fallita = [&file] { throw ErroreRuntime(75, file.errorString()); };
+    if (!file.open(QIODevice::WriteOnly))
+        fallita();
+    // Some file systems have no owners.
+    static_cast<void>(file.setPermissions(Proprietario));
+    ScriviTutto(file, InUtf16(testa));
+    ScriviDizionario(file, tabella, ultima);
+    if (!file.commit())
+        fallita();
+    m_trovate.removeAll(m_file);
+}
+
+void Recupero::Togli()
+{
+    QFile::remove(m_file);
+}
+
+QStringList Recupero::SenzaFile()
+{
+    QStringList percorsi;
+    for (const QFileInfo &trovato : QDir(Cartella()).entryInfoList({u"*.txt"_s}, QDir::Files, QDir::Time)) {
+        try {
+            // The head says whose copy it is.
+            QFile file(trovato.filePath());
+            constexpr qint64 testa = 0x10000;
+            if (!file.open(QIODevice::ReadOnly))
+                continue;
+            const QString percorso = LeggiCopia(file.read(testa)).percorso;
+            if (!QFileInfo::exists(percorso) && !percorsi.contains(percorso) &&
+                Serratura(trovato.filePath())->tryLock())
+                percorsi += percorso;
+        } catch (const ErroreRuntime &) {
+            continue;
+        }
+    }
+    return percorsi;
+}
