@@ -127,7 +127,7 @@ private:
     /// Takes the dictionary at the state's path; false when the user does not want it because another program has it
     /// open. `copia` is the recovery copy that the user wants back.
     bool Occupa(std::optional<CopiaRecupero> &copia);
-    bool CreaMancante(const QString &percorso);
+    bool ChiediOccupa(std::optional<CopiaRecupero> &copia);
     void ApriFile(bool soloConCopia);
     bool ChiediRecupero(const CopiaRecupero &copia);
     void MostraDizionario(const std::optional<CopiaRecupero> &copia);

@@ -264,20 +264,17 @@ void MDIForm1::ApriFile(bool soloConCopia)
     MostraDizionario(copia);
 }
 
-// A save cut short may have left no file to open.
-bool MDIForm1::CreaMancante(const QString &percorso)
+bool MDIForm1::Occupa(std::optional<CopiaRecupero> &copia)
 {
     try {
-        if (!QFileInfo::exists(percorso))
-            CreaFile(percorso);
+        return ChiediOccupa(copia);
     } catch (const ErroreRuntime &errore) {
         Messaggio(this, QMessageBox::Critical, u"Errore!"_s, errore.testo);
         return false;
     }
-    return true;
 }
 
-bool MDIForm1::Occupa(std::optional<CopiaRecupero> &copia)
+bool MDIForm1::ChiediOccupa(std::optional<CopiaRecupero> &copia)
 {
     Documento::Occupa();
     const Module1::Stato &s = stato();
@@ -297,7 +294,8 @@ bool MDIForm1::Occupa(std::optional<CopiaRecupero> &copia)
             continue;
         }
         if (ChiediRecupero(*copia)) {
-            return CreaMancante(s.PercorsoDizionario);
+            Documento::CreaMancante();
+            return true;
         }
         copia.reset();
         QFile::remove(file);

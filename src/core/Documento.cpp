@@ -8,6 +8,8 @@
 #include "core/Percorsi.h"
 #include "edit/Ordinamento.h"
 
+#include <QFile>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -28,6 +30,17 @@ namespace Documento
 void Occupa()
 {
     stato().recupero = std::make_shared<Recupero>(stato().PercorsoDizionario);
+    NotaFile();
+}
+
+void CreaMancante()
+{
+    QFile file(stato().PercorsoDizionario);
+    if (file.exists())
+        return;
+    if (!file.open(QIODevice::Append))
+        throw ErroreRuntime(75,
+                            u"Impossibile creare il dizionario "_s + file.fileName() + u".\n"_s + file.errorString());
     NotaFile();
 }
 

@@ -15,6 +15,9 @@ namespace Documento
 /// Keeps a recovery copy for the dictionary at the state's path from now on, and notes how its files look.
 void Occupa();
 
+/// Makes an empty file of the dictionary's when there is none, as a save cut short leaves it. ErroreRuntime 75.
+void CreaMancante();
+
 /// The dictionary's file, else the companion file that a save would write, when another program has written it since
 /// it was read or saved here; empty when none. A file that has gone is not one.
 QString CambiatoDaAltri();

@@ -6,6 +6,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QSaveFile>
 
 #include <cerrno>
 
@@ -83,6 +84,23 @@ void ScriviInPosto(const QString &percorso, const std::function<void(QIODevice &
 void ScriviInPosto(const QString &percorso, const QByteArray &byte)
 {
     ScriviInPosto(percorso, [&byte](QIODevice &file) { ScriviTutto(file, byte); });
+}
+
+void ScriviIntero(const QString &percorso, const std::function<void(QIODevice &)> &scrivi, bool privato)
+{
+    QSaveFile file(percorso);
+    if (!file.open(QIODevice::WriteOnly))
+        throw ErroreRuntime(75, file.errorString());
+    // Some file systems have no owners.
+    if (privato)
+        static_cast<void>(file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner));
+    scrivi(file);
+    const qint64 attesi = file.pos();
+    // The commit by itself would take a file cut short for a whole one.
+    if (!file.flush() || file.error() != QFileDevice::NoError || file.size() != attesi)
+        throw ErroreScrittura(file);
+    if (!file.commit())
+        throw ErroreScrittura(file);
 }
 
 QByteArray LeggiTutto(const QString &percorso)

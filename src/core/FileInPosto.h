@@ -25,6 +25,10 @@ void ScriviInPosto(const QString &percorso, const std::function<void(QIODevice &
 /// As above, with the bytes themselves.
 void ScriviInPosto(const QString &percorso, const QByteArray &byte);
 
+/// Writes a file beside its place and then puts it there in one step, so that the old one or the new one stands there
+/// whole at any time; for its owner's eyes alone with `privato`. ErroreRuntime as above; the old one then stands.
+void ScriviIntero(const QString &percorso, const std::function<void(QIODevice &)> &scrivi, bool privato = false);
+
 /// The bytes of a whole file. ErroreRuntime 53 when there is none, 57, 70 or 75 with the reason when it cannot be read.
 QByteArray LeggiTutto(const QString &percorso);
 

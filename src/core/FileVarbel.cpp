@@ -8,7 +8,6 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <cmath>
@@ -140,9 +139,10 @@ void RiscriviFileVarbel(const QString &percorso, const QString &temporaneo, cons
     if (!motivo)
         return;
     // On two volumes.
-    QSaveFile nuovo(percorso);
-    const bool scritto = nuovo.open(QIODevice::WriteOnly) && nuovo.write(dopo) == dopo.size() && nuovo.commit();
-    if (!scritto)
-        rinuncia(nuovo.errorString());
+    try {
+        ScriviIntero(percorso, [&dopo](QIODevice &file) { ScriviTutto(file, dopo); });
+    } catch (const ErroreRuntime &errore) {
+        rinuncia(errore.testo);
+    }
     QFile::remove(temporaneo);
 }

@@ -9,7 +9,6 @@
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStandardPaths>
 #include <QUrl>
 #include <QtEndian>
@@ -22,8 +21,6 @@ namespace
 {
 // Programs that may have the same dictionary open, each with a copy of its own.
 constexpr int MassimoPosti = 9;
-
-constexpr QFileDevice::Permissions Proprietario = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
 
 const QString Titolo = QStringLiteral("Copia di recupero di un dizionario di Varbel");
 const QString RigaDizionario = QStringLiteral("Dizionario: ");
@@ -162,7 +159,7 @@ Recupero::Recupero(QString percorso) : m_percorso(std::move(percorso))
 {
     const QString cartella = Cartella();
     QDir().mkpath(cartella);
-    QFile::setPermissions(cartella, Proprietario | QFileDevice::ExeOwner);
+    QFile::setPermissions(cartella, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
     for (int posto = 1; posto <= MassimoPosti; ++posto) {
         const QString file = FileDi(m_percorso, posto);
         // A lock costs a write to the disk.
@@ -192,16 +189,13 @@ void Recupero::Scrivi(const Impronta &dizionario, const QByteArray &ini, const T
     testa += RigaQuando + TestoData(QDateTime::currentDateTimeUtc()) + "\r\n"_L1;
     testa += RigaImpostazioni + QString::number(righeIni.size()) + "\r\n"_L1 + Testo8Bit::Unisci(righeIni);
 
-    QSaveFile file(m_file);
-    const auto fallita = [&file] { throw ErroreRuntime(75, file.errorString()); };
-    if (!file.open(QIODevice::WriteOnly))
-        fallita();
-    // Some file systems have no owners.
-    static_cast<void>(file.setPermissions(Proprietario));
-    ScriviTutto(file, InUtf16(testa));
-    ScriviDizionario(file, tabella, ultima);
-    if (!file.commit())
-        fallita();
+    ScriviIntero(
+        m_file,
+        [&](QIODevice &file) {
+            ScriviTutto(file, InUtf16(testa));
+            ScriviDizionario(file, tabella, ultima);
+        },
+        true);
     m_trovate.removeAll(m_file);
 }
 
