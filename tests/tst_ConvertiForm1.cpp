@@ -6,6 +6,7 @@
 #include "Errori.h"
 #include "app/Servizi.h"
 #include "print/StampaElenco.h"
+#include "print/Stampante.h"
 #include "tools/ConvertiForm1.h"
 #include "tools/OutPutForm.h"
 
@@ -242,14 +243,14 @@ void TestConvertiForm1::stampaSuPiuFogli()
     QVERIFY(!StampanteValida(stampante));
     stampante.setOutputFileName(cartella.filePath(u"elenco.pdf"_s));
     QVERIFY(StampanteValida(stampante));
-    const QFont font;
-    const QFontMetricsF metrica(font, &stampante);
+    const QFontMetricsF metrica(QFont(u"Arial"_s, 10), &stampante);
     const int perFoglio = static_cast<int>(stampante.pageRect(QPrinter::DevicePixel).height() / metrica.lineSpacing());
-    QVERIFY(StampaElenco(stampante, font, QStringList(perFoglio * 2 + 3, u"Riga 1: parola"_s)));
+    SpoolStampante spool(stampante);
+    StampaElenco(spool, QStringList(perFoglio * 2 + 3, u"Riga 1: parola"_s));
     const QByteArray pdf = ByteDelFile(cartella.filePath(u"elenco.pdf"_s));
     QCOMPARE(pdf.count("/Type /Page\n"), 3);
     stampante.setOutputFileName(cartella.filePath(u"manca/elenco.pdf"_s));
-    QVERIFY(!StampaElenco(stampante, font, {u"Riga 1: parola"_s}));
+    QCOMPARE(NumeroErrore([&] { StampaElenco(spool, {u"Riga 1: parola"_s}); }), 57);
 }
 
 void TestConvertiForm1::unisce()

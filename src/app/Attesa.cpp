@@ -15,11 +15,13 @@ constexpr qint64 MsPrima = 500;
 constexpr qint64 MsFraDue = 40;
 } // namespace
 
-Attesa::Attesa(QWidget *genitore, const QString &titolo)
+Attesa::Attesa(QWidget *genitore, const QString &titolo, Fermata fermata)
     : m_dialogo(titolo + u"…"_s, u"Annulla"_s, 0, Parti, genitore ? genitore->window() : nullptr)
 {
     m_dialogo.setObjectName("Attesa"_L1);
     m_dialogo.setWindowTitle(titolo);
+    if (fermata == FinoInFondo)
+        m_dialogo.setCancelButton(nullptr);
     m_dialogo.setWindowModality(Qt::WindowModal);
     m_dialogo.setAutoClose(false);
     m_dialogo.setAutoReset(false);

@@ -5,12 +5,14 @@
 #include <QElapsedTimer>
 #include <QProgressDialog>
 
-/// How far a long command is, with a button that stops it; shown once it takes more than half a second. No other
-/// command can begin meanwhile.
+/// How far a long command is, with a button that stops it where that is possible; shown once it takes more than half a
+/// second. No other command can begin meanwhile.
 class Attesa
 {
 public:
-    Attesa(QWidget *genitore, const QString &titolo);
+    enum Fermata { Interrompibile, FinoInFondo };
+
+    Attesa(QWidget *genitore, const QString &titolo, Fermata fermata = Interrompibile);
 
     /// Tells what is done of the whole; false once the user wants to stop.
     bool Avanti(qint64 fatto, qint64 totale);

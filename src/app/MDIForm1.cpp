@@ -160,7 +160,7 @@ void MDIForm1::CreaMenu()
     Voce(file, u"mnuFileChiudi"_s, u"Chiudi"_s, &MDIForm1::mnuFileChiudi);
     servizi().mnuFileSalva = Voce(file, u"mnuFileSalva"_s, u"Salva"_s, &MDIForm1::mnuFileSalva);
     Voce(file, u"mnuFileSalvaConNome"_s, u"Salva con nome"_s, &MDIForm1::mnuFileSalvaConNome);
-    Voce(file, u"mnuFileStampa"_s, u"Stampa"_s, nullptr);
+    Voce(file, u"mnuFileStampa"_s, u"Stampa"_s, &MDIForm1::mnuFileStampa);
     Linea(file, u"mnuLinea1"_s);
     Voce(file, u"mnuFileProprieta"_s, u"Proprietà"_s, &MDIForm1::mnuFileProprieta);
     Linea(file, u"mnuLinea2"_s);

@@ -99,6 +99,7 @@ private:
     void mnuFileChiudi();
     void mnuFileSalva();
     void mnuFileSalvaConNome();
+    void mnuFileStampa();
     void mnuFileProprieta();
     void mnuModifica_Apre();
     void mnuModificaCopia();

@@ -12,6 +12,7 @@
 #include "core/Percorsi.h"
 #include "core/Testo8Bit.h"
 #include "edit/VisualizzaForm1.h"
+#include "print/ComandoStampa.h"
 #include "tools/Inversione.h"
 
 #include <QAction>
@@ -391,6 +392,11 @@ void MDIForm1::mnuFileSalvaConNome()
     servizi().dlgFile.nomeFile = s.PercorsoDizionario;
     if (QMdiSubWindow *visualizza = FinestraAperta(u"VisualizzaForm1"_s))
         static_cast<VisualizzaForm1 *>(visualizza->widget())->AggiornaTitolo();
+}
+
+void MDIForm1::mnuFileStampa()
+{
+    StampaDizionarioAperto(this);
 }
 
 void MDIForm1::simulachiusura(bool &annulla)
