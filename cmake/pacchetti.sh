@@ -5,9 +5,10 @@
 # What every build needs, and what the program loads at run time.
 PACCHETTI="g++ cmake ninja-build qt6-base-dev libx11-dev libxcb-xkb-dev libqt6svg6 qt6-translations-l10n
     fonts-dejavu-core x11-xkb-utils"
-# What the tests need beside that: an X server with a window manager, a session bus.
+# What the tests need beside that: an X server with a window manager, a session bus, a print server, readers of PDF.
 # shellcheck disable=SC2034 # used by who sources this
-PACCHETTI_TEST="xvfb openbox xdotool x11-xserver-utils libxcb-xtest0-dev dbus-daemon"
+PACCHETTI_TEST="xvfb openbox xdotool x11-xserver-utils libxcb-xtest0-dev dbus-daemon
+    cups-daemon cups-client cups-filters poppler-utils"
 
 # installa <package>...: installs those that are missing, with apt; nothing when all are there.
 installa()

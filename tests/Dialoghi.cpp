@@ -4,10 +4,13 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QPrintDialog>
 #include <QPushButton>
+#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
@@ -72,6 +75,50 @@ void Dialoghi::file(const QString &percorso, const QString &filtro)
             m_guasti += u"il dialogo di file non accetta «%1»"_s.arg(percorso);
             scelta->reject();
         }
+    };
+}
+
+void Dialoghi::stampa(const QString &dove)
+{
+    m_attese += [=, this](QDialog *dialogo) {
+        auto *stampanti = dialogo->findChild<QComboBox *>(u"printers"_s);
+        if (!qobject_cast<QPrintDialog *>(dialogo) || !stampanti || dove.isEmpty()) {
+            if (!stampanti)
+                m_guasti += u"atteso un dialogo di stampa, venuto «%1»"_s.arg(dialogo->windowTitle());
+            dialogo->reject();
+            return;
+        }
+        // The PDF file is the last one.
+        const bool file = dove.startsWith(u'/');
+        stampanti->setCurrentIndex(file ? stampanti->count() - 1 : stampanti->findText(dove));
+        if (file)
+            dialogo->findChild<QLineEdit *>(u"filename"_s)->setText(dove);
+        dialogo->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok)->click();
+        if (dialogo->isVisible()) {
+            m_guasti += u"il dialogo di stampa non accetta «%1»"_s.arg(dove);
+            dialogo->reject();
+        }
+    };
+}
+
+void Dialoghi::fogliDaStampare(QMessageBox::StandardButton pulsante, const std::function<void()> &prima)
+{
+    m_attese += [=, this](QDialog *dialogo) {
+        auto *box = qobject_cast<QMessageBox *>(dialogo);
+        static const QRegularExpression domanda(
+            u"^La stampa utilizzerà ([0-9]+) pagine di carta\\. Procedo con la stampa\\?$"_s);
+        const QRegularExpressionMatch trovata = domanda.match(box ? box->text() : QString());
+        if (!trovata.hasMatch() || box->windowTitle() != "Attenzione!"_L1 || box->icon() != QMessageBox::NoIcon ||
+            box->standardButtons() != (QMessageBox::Yes | QMessageBox::No)) {
+            m_guasti += u"attesa la domanda sui fogli, venuto «%1» «%2»"_s.arg(dialogo->windowTitle(),
+                                                                               box ? box->text() : QString());
+            dialogo->reject();
+            return;
+        }
+        fogli = trovata.captured(1).toInt();
+        if (prima)
+            prima();
+        box->button(pulsante)->click();
     };
 }
 

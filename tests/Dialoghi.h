@@ -33,6 +33,12 @@ public:
     /// Any other dialog: `risposta` checks it and ends it.
     void altro(const std::function<void(QDialog *)> &risposta) { m_attese += risposta; }
 
+    /// In the print dialog the printer of that name is chosen, for a path the PDF file; an empty one cancels.
+    void stampa(const QString &dove);
+
+    /// The question how many sheets to print, after `prima`, is answered with `pulsante`; `fogli` is then the number.
+    void fogliDaStampare(QMessageBox::StandardButton pulsante, const std::function<void()> &prima = {});
+
     /// True when all that was expected came and nothing else; forgets both.
     bool verifica();
 
@@ -43,6 +49,8 @@ public:
     QString ultimaCartella;
     /// The file name that the last file dialog came with.
     QString ultimoNome;
+    /// The sheets that the last question was about.
+    int fogli = 0;
 
 private:
     void Guarda();

@@ -19,6 +19,9 @@ std::unique_ptr<QPrinter> Predefinita(const QString &titolo)
 {
     auto stampante = std::make_unique<QPrinter>(QPrinter::HighResolution);
     stampante->setDocName(titolo);
+    // The toolkit begins with the sheet of the user's country, whatever lies in the printer.
+    if (const QPageSize foglio = QPrinterInfo(*stampante).defaultPageSize(); foglio.isValid())
+        stampante->setPageSize(foglio);
     return stampante;
 }
 
