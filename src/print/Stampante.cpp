@@ -29,7 +29,7 @@ std::unique_ptr<QPrinter> ScegliStampante(QWidget *genitore, const QString &tito
 {
     auto stampante = Predefinita(titolo);
     QPrintDialog dialogo(stampante.get(), genitore->window());
-    // The sheets that are asked about are all printed.
+    // So a range of pages is picked by the print server, from a document that is sent whole.
     dialogo.setOption(QAbstractPrintDialog::PrintPageRange, false);
     if (dialogo.exec() == QDialog::Accepted)
         return stampante;
