@@ -108,8 +108,8 @@ void Dialoghi::fogliDaStampare(QMessageBox::StandardButton pulsante, const std::
         static const QRegularExpression domanda(
             u"^La stampa utilizzerà ([0-9]+) pagine di carta\\. Procedo con la stampa\\?$"_s);
         const QRegularExpressionMatch trovata = domanda.match(box ? box->text() : QString());
-        if (!trovata.hasMatch() || box->windowTitle() != "Attenzione!"_L1 || box->icon() != QMessageBox::NoIcon ||
-            box->standardButtons() != (QMessageBox::Yes | QMessageBox::No)) {
+        if (!box || !trovata.hasMatch() || box->windowTitle() != "Attenzione!"_L1 ||
+            box->icon() != QMessageBox::NoIcon || box->standardButtons() != (QMessageBox::Yes | QMessageBox::No)) {
             m_guasti += u"attesa la domanda sui fogli, venuto «%1» «%2»"_s.arg(dialogo->windowTitle(),
                                                                                box ? box->text() : QString());
             dialogo->reject();
