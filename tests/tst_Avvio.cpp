@@ -4,6 +4,7 @@
 #include "Dialoghi.h"
 #include "app/Avvio.h"
 #include "app/Protezione.h"
+#include "core/RigaDiComando.h"
 
 #include <QProcess>
 

@@ -6,6 +6,7 @@
 #include "app/Protezione.h"
 #include "app/Tastiera.h"
 #include "core/Percorsi.h"
+#include "core/RigaDiComando.h"
 
 #include <QApplication>
 #include <QStandardPaths>
