@@ -9,6 +9,9 @@ PACCHETTI="g++ cmake ninja-build qt6-base-dev libx11-dev libxcb-xkb-dev libqt6sv
 # shellcheck disable=SC2034 # used by who sources this
 PACCHETTI_TEST="xvfb openbox xdotool x11-xserver-utils libxcb-xtest0-dev dbus-daemon
     cups-daemon cups-client cups-filters poppler-utils"
+# What the fuzz targets need: a compiler that makes them, and the names of functions in what it reports.
+# shellcheck disable=SC2034 # used by who sources this
+PACCHETTI_FUZZ="clang libclang-rt-14-dev llvm"
 
 # installa <package>...: installs those that are missing, with apt; nothing when all are there.
 installa()

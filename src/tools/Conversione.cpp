@@ -243,17 +243,14 @@ QString PrimaLinea(const QString &percorso)
     return linea;
 }
 
-void ConvertiFile(const QString &percorso, const ImpostazioniConversione &impostazioni, const Avanzamento &avanti,
-                  EsitoConversione &esito)
+void ConvertiTesto(QIODevice &testo, const ImpostazioniConversione &impostazioni, const Avanzamento &avanti,
+                   EsitoConversione &esito)
 {
-    QFile file(percorso);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        ErroreApertura(percorso, file.errorString());
     const int separatori = ContaSeparatori(impostazioni);
     Segmenti segmenti;
-    const qint64 esame = file.size() / ParteEsame;
-    const qint64 totale = file.size() + esame;
-    LettoreTesto lettore(file, [&](qint64 fatto, qint64) {
+    const qint64 esame = testo.size() / ParteEsame;
+    const qint64 totale = testo.size() + esame;
+    LettoreTesto lettore(testo, [&](qint64 fatto, qint64) {
         esito.annullata = !avanti(fatto / ParteEsame, totale);
         return !esito.annullata;
     });
@@ -272,9 +269,18 @@ void ConvertiFile(const QString &percorso, const ImpostazioniConversione &impost
                 esito.errori += u"Riga %1: "_s.arg(numero) + linea;
             }
         }
-        if (!avanti(esame + file.pos(), totale)) {
+        if (!avanti(esame + testo.pos(), totale)) {
             esito.annullata = true;
             return;
         }
     }
+}
+
+void ConvertiFile(const QString &percorso, const ImpostazioniConversione &impostazioni, const Avanzamento &avanti,
+                  EsitoConversione &esito)
+{
+    QFile file(percorso);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        ErroreApertura(percorso, file.errorString());
+    ConvertiTesto(file, impostazioni, avanti, esito);
 }

@@ -86,8 +86,12 @@ struct EsitoConversione {
     bool annullata = false;
 };
 
-/// Appends an entry for each line of a text file to the main table, empty lines skipped. What was appended before an
-/// error stays and is counted in `esito`. ErroreRuntime 53, 57, 70 or 75 when the file cannot be read, 9 for a segment
-/// number outside 1 to 5, 14 for a line longer than a text can be.
+/// Appends an entry for each line of a text to the main table, empty lines skipped. What was appended before an error
+/// stays and is counted in `esito`. ErroreRuntime 57 when the text cannot be read, 9 for a segment number outside 1 to
+/// 5, 14 for a line longer than a text can be.
+void ConvertiTesto(QIODevice &testo, const ImpostazioniConversione &impostazioni, const Avanzamento &avanti,
+                   EsitoConversione &esito);
+
+/// As above, opening the file. ErroreRuntime 53, 70 or 75 when it cannot be opened.
 void ConvertiFile(const QString &percorso, const ImpostazioniConversione &impostazioni, const Avanzamento &avanti,
                   EsitoConversione &esito);
