@@ -512,6 +512,7 @@ private slots:
         QTest::newRow("quotes") << QByteArray("[Errori]\nPercentuale=\"40\"\n[Tastiera]\nTastiera='0409'\n")
                                 << u"40 1 0409"_s;
         QTest::newRow("five characters") << QByteArray("[Tastiera]\nTastiera=04091\n") << u"30 1 0409"_s;
+        QTest::newRow("blanks in quotes") << QByteArray("[Tastiera]\nTastiera=\" 409\"\n") << u"30 1 409"_s;
         QTest::newRow("eight characters") << QByteArray("[Tastiera]\nTastiera=00000409\n") << u"30 1 "_s;
         QTest::newRow("first key") << QByteArray("[Errori]\nPercentuale=1\nPercentuale=2\n") << u"1 1 0410"_s;
         QTest::newRow("first section") << QByteArray("[Errori]\nx=1\n[Beep]\n[Errori]\nPercentuale=2\n")

@@ -110,7 +110,7 @@ ImpostazioniDizionario LeggiIni(const QByteArray &byte)
     const qint32 percentuale = Intero(Valore(linee, u"Errori"_s, u"Percentuale"_s, u"30"_s));
     impostazioni.PercentualeErrori = static_cast<float>(percentuale / 100.0);
     impostazioni.Beep = Intero(Valore(linee, u"Beep"_s, u"Attivato"_s, u"1"_s));
-    const QString tastiera = Valore(linee, u"Tastiera"_s, u"Tastiera"_s, u"0410"_s).left(4);
+    const QString tastiera = Valore(linee, u"Tastiera"_s, u"Tastiera"_s, u"0410"_s).left(4).trimmed();
     // Its value is that of the hexadecimal digits: "0C0A" is a layout, "0000" is none.
     impostazioni.Tastiera = tastiera.toUInt(nullptr, 16) > 0 ? tastiera : QString();
     return impostazioni;

@@ -31,8 +31,9 @@ std::optional<QString> DizionarioNominato(const QString &rigaDiComando)
 {
     if (rigaDiComando.isEmpty())
         return std::nullopt;
-    const QStringList pezzi = rigaDiComando.split(u'"');
-    if (pezzi.size() < 2)
+    const qsizetype prime = rigaDiComando.indexOf(u'"');
+    if (prime < 0)
         throw ErroreRuntime(9, true);
-    return pezzi[1];
+    const qsizetype seconde = rigaDiComando.indexOf(u'"', prime + 1);
+    return rigaDiComando.mid(prime + 1, seconde < 0 ? -1 : seconde - prime - 1);
 }
