@@ -87,7 +87,10 @@ bool MDIForm1::NomeRiservato(const QString &percorso)
                                   PercorsoIniInvertito(percorso)};
     const QFileInfo varbel(PercorsoVarbelIni());
     // Compared as files, so that a folder reached by another way is the same one.
-    const auto delProgramma = [&varbel](const QString &file) { return QFileInfo(file) == varbel; };
+    const auto delProgramma = [&varbel](const QString &file) {
+        // Two files that do not exist compare as equal.
+        return varbel.exists() ? QFileInfo(file) == varbel : file == varbel.filePath();
+    };
     if (!compagni.contains(percorso) && !delProgramma(percorso) &&
         std::none_of(compagni.cbegin(), compagni.cend(), delProgramma))
         return false;
