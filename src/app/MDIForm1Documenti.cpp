@@ -25,15 +25,11 @@
 #include <exception>
 
 using namespace Qt::StringLiterals;
+using Module1::PercorsoVarbelIni;
 using Module1::stato;
 
 namespace
 {
-QString PercorsoVarbelIni()
-{
-    return stato().CartellaProgramma + u"/varbel.ini"_s;
-}
-
 // What the two dialogs of New from model show.
 const QString FiltroModello = QStringLiteral("*.dic (dizionari)| *.dic");
 

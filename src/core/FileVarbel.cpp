@@ -4,33 +4,18 @@
 
 #include "core/ErroreRuntime.h"
 #include "core/FileInPosto.h"
+#include "core/Numeri.h"
 #include "core/Testo8Bit.h"
 
 #include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
-#include <cmath>
 #include <filesystem>
 #include <limits>
 #include <system_error>
 
 using namespace Qt::StringLiterals;
-
-namespace
-{
-qint32 Numero(const QString &linea)
-{
-    bool valido = false;
-    const double valore = linea.trimmed().replace(u',', u'.').toDouble(&valido);
-    if (!valido || !std::isfinite(valore))
-        throw ErroreRuntime(13);
-    const double intero = std::nearbyint(valore);
-    if (intero < std::numeric_limits<qint32>::min() || intero > std::numeric_limits<qint32>::max())
-        throw ErroreRuntime(6);
-    return static_cast<qint32>(intero);
-}
-} // namespace
 
 ImpostazioniVarbel LeggiVarbel(const QStringList &linee)
 {
@@ -51,7 +36,8 @@ ImpostazioniVarbel LeggiVarbel(const QStringList &linee)
         }
         if (inFont) {
             inFont = false;
-            lette.dimensioneFont = Numero(linea);
+            lette.dimensioneFont =
+                LeggiIntero(linea, std::numeric_limits<qint32>::min(), std::numeric_limits<qint32>::max());
         }
         if (linea == u"[Recenti]")
             inRecenti = k < lette.recenti.size();
@@ -64,6 +50,21 @@ ImpostazioniVarbel LeggiVarbel(const QStringList &linee)
             inFont = true;
     }
     return lette;
+}
+
+QStringList LeggiLingue(const QStringList &linee)
+{
+    QStringList lingue;
+    bool inLingue = false;
+    for (const QString &linea : linee) {
+        if (linea == u"[Lingue]")
+            inLingue = true;
+        else if (inLingue && linea == u"[Font]")
+            break;
+        else if (inLingue)
+            lingue += linea;
+    }
+    return lingue;
 }
 
 void AggiornaRecenti(Recenti &recenti, const QString &percorso)

@@ -22,6 +22,9 @@ struct ImpostazioniVarbel {
 /// included. ErroreRuntime 13 when the font size is no number, 6 when it is too large.
 ImpostazioniVarbel LeggiVarbel(const QStringList &linee);
 
+/// The language names that the lines offer: those after "[Lingue]", up to "[Font]" or the end.
+QStringList LeggiLingue(const QStringList &linee);
+
 /// Puts `percorso` at the head: a path in the list moves there, else the last one falls off. An empty path does
 /// nothing.
 void AggiornaRecenti(Recenti &recenti, const QString &percorso);

@@ -37,6 +37,11 @@ Stato &stato()
     return unico;
 }
 
+QString PercorsoVarbelIni()
+{
+    return stato().CartellaProgramma + QStringLiteral("/varbel.ini");
+}
+
 void Azzera()
 {
     stato() = Stato();

@@ -73,6 +73,9 @@ struct Stato {
 /// The one state.
 Stato &stato();
 
+/// varbel.ini in the program's own folder.
+QString PercorsoVarbelIni();
+
 /// Gives the state its starting values.
 void Azzera();
 
