@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QFontDialog>
 #include <QLineEdit>
 #include <QPrintDialog>
 #include <QPushButton>
@@ -119,6 +120,21 @@ void Dialoghi::fogliDaStampare(QMessageBox::StandardButton pulsante, const std::
         if (prima)
             prima();
         box->button(pulsante)->click();
+    };
+}
+
+void Dialoghi::font(const std::optional<QFont> &scelto)
+{
+    m_attese += [=, this](QDialog *dialogo) {
+        auto *scelta = qobject_cast<QFontDialog *>(dialogo);
+        if (!scelta) {
+            m_guasti += u"atteso il dialogo dei font, venuto «%1»"_s.arg(dialogo->windowTitle());
+            dialogo->reject();
+            return;
+        }
+        scelta->setCurrentFont(scelto.value_or(QFont(u"DejaVu Sans Mono"_s)));
+        const auto pulsante = scelto ? QDialogButtonBox::Ok : QDialogButtonBox::Cancel;
+        scelta->findChild<QDialogButtonBox *>()->button(pulsante)->click();
     };
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QFont>
 #include <QList>
 #include <QMessageBox>
 #include <QObject>
@@ -11,6 +12,7 @@
 #include <QTimer>
 
 #include <functional>
+#include <optional>
 
 /// Answers the modal dialogs that the program shows, in the order expected; each expectation may open further ones.
 /// `verifica` fails for a dialog that came unexpected, differed, or did not come.
@@ -38,6 +40,9 @@ public:
 
     /// The question how many sheets to print, after `prima`, is answered with `pulsante`; `fogli` is then the number.
     void fogliDaStampare(QMessageBox::StandardButton pulsante, const std::function<void()> &prima = {});
+
+    /// In the font dialog `scelto` is chosen; none cancels.
+    void font(const std::optional<QFont> &scelto);
 
     /// True when all that was expected came and nothing else; forgets both.
     bool verifica();

@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QFontDialog>
 #include <QStandardPaths>
 
 using namespace Qt::StringLiterals;
@@ -58,4 +59,15 @@ bool MostraDlgFile(QWidget *genitore, DlgFile &dlg, Scelta scelta)
         return !scelto.isEmpty();
     }
     return false;
+}
+
+bool MostraDlgFont(QWidget *genitore, DlgFile &dlg)
+{
+    QFontDialog dialogo(dlg.font, genitore);
+    dialogo.setObjectName("DlgFile"_L1);
+    dialogo.setWindowTitle(u"Seleziona il font"_s);
+    if (dialogo.exec() != QDialog::Accepted)
+        return false;
+    dlg.font = dialogo.selectedFont();
+    return true;
 }

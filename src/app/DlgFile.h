@@ -29,3 +29,6 @@ enum class Scelta {
 
 /// Shows the platform's dialog; true when a file was chosen, its absolute path then in `nomeFile`.
 bool MostraDlgFile(QWidget *genitore, DlgFile &dlg, Scelta scelta);
+
+/// Shows the platform's font dialog; true when a font was chosen, then in `font`.
+bool MostraDlgFont(QWidget *genitore, DlgFile &dlg);

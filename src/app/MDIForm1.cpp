@@ -13,6 +13,9 @@
 #include "input/CaratteriForm1.h"
 #include "input/GestoreTasti.h"
 #include "input/TastiRapidiForm.h"
+#include "settings/OpzioniForm1.h"
+#include "settings/aboutForm1.h"
+#include "settings/proprietaForm1.h"
 #include "tools/ComponiForm1.h"
 #include "tools/OutPutForm.h"
 
@@ -91,6 +94,9 @@ MDIForm1::MDIForm1() : m_area(new QMdiArea(this))
     m_finestre.insert(u"TastiRapidiForm"_s, [this] { return CreaTastiRapidi(); });
     m_finestre.insert(u"CaratteriForm1"_s, [this] { return CreaCaratteri(); });
     m_finestre.insert(u"ComponiForm1"_s, [this] { return CreaComponi(); });
+    m_finestre.insert(u"proprietaForm1"_s, [this] { return CreaProprieta(); });
+    m_finestre.insert(u"OpzioniForm1"_s, [this] { return CreaOpzioni(); });
+    m_finestre.insert(u"aboutForm1"_s, [this] { return new aboutForm1(this); });
     CreaMenu();
     CreaToolbar();
     StatoChiuso();
@@ -335,15 +341,15 @@ QWidget *MDIForm1::MostraFinestra(const QString &nome)
 
 void MDIForm1::DisponiFinestra(QMdiSubWindow *finestra)
 {
+    // Each a title's height below and beside the one before, so that the titles of all can be seen.
+    const int passo = finestra->style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, finestra) + 4;
+    const int posto = static_cast<int>(m_area->subWindowList().size()) - 1;
+    finestra->move(QPoint(posto, posto) * passo);
     const auto *figlia = qobject_cast<const FinestraFiglia *>(finestra->widget());
     if (!figlia) {
         finestra->resize(finestra->widget()->size());
         return;
     }
-    // Each a title's height below and beside the one before, so that the titles of all can be seen.
-    const int passo = finestra->style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, finestra) + 4;
-    const int posto = static_cast<int>(m_area->subWindowList().size()) - 1;
-    finestra->move(QPoint(posto, posto) * passo);
     const QSize misura = figlia->Misura(finestra->x());
     finestra->resize((misura.isValid() ? misura : finestra->sizeHint()).expandedTo(finestra->minimumSizeHint()));
 }
@@ -427,6 +433,42 @@ QWidget *MDIForm1::CreaComponi()
     auto *componi = new ComponiForm1(this);
     Collega(componi, &ComponiForm1::dizionarioCambiato, this, [this] { AggiornaVisualizza(); });
     return componi;
+}
+
+QWidget *MDIForm1::CreaProprieta()
+{
+    auto *proprieta = new proprietaForm1(this);
+    Collega(proprieta, &proprietaForm1::impostazioniCambiate, this, [this] {
+        if (VisualizzaForm1 *visualizza = VisualizzaDaAggiornare()) {
+            visualizza->AggiornaFont();
+            visualizza->RiempiListe();
+            visualizza->AggiornaTitolo();
+        }
+    });
+    return proprieta;
+}
+
+QWidget *MDIForm1::CreaOpzioni()
+{
+    auto *opzioni = new OpzioniForm1(this);
+    Collega(opzioni, &OpzioniForm1::opzioniCambiate, this, [this] {
+        if (VisualizzaForm1 *visualizza = VisualizzaDaAggiornare())
+            visualizza->AggiornaFont();
+    });
+    return opzioni;
+}
+
+VisualizzaForm1 *MDIForm1::VisualizzaDaAggiornare()
+{
+    // One that is open stays where it is among the others; without a dictionary there is none to make.
+    auto *visualizza = Aperta<VisualizzaForm1>();
+    return visualizza || !stato().DizionarioAperto ? visualizza : Mostra<VisualizzaForm1>();
+}
+
+void MDIForm1::AggiornaOpzioni()
+{
+    if (auto *opzioni = Aperta<OpzioniForm1>())
+        opzioni->SegueDizionario();
 }
 
 void MDIForm1::AggiornaComponi()

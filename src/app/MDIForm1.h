@@ -75,6 +75,8 @@ private:
     QWidget *CreaTastiRapidi();
     QWidget *CreaCaratteri();
     QWidget *CreaComponi();
+    QWidget *CreaProprieta();
+    QWidget *CreaOpzioni();
 
     /// The same by a window's class, whose name is the form's; nullptr when it is not open, or was not created.
     template <typename Form>
@@ -133,6 +135,8 @@ private:
     bool ChiediRecupero(const CopiaRecupero &copia);
     void MostraDizionario(const std::optional<CopiaRecupero> &copia);
     void AggiornaTastiRapidi();
+    void AggiornaOpzioni();
+    VisualizzaForm1 *VisualizzaDaAggiornare();
     void AggiornaVisualizza();
     QWidget *CreaConverti();
     void MostraUscita(const QStringList &errori);

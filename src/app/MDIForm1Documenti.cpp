@@ -13,6 +13,7 @@
 #include "core/Testo8Bit.h"
 #include "edit/VisualizzaForm1.h"
 #include "print/ComandoStampa.h"
+#include "settings/proprietaForm1.h"
 #include "tools/Inversione.h"
 
 #include <QAction>
@@ -110,6 +111,7 @@ void MDIForm1::MostraDizionario(const std::optional<CopiaRecupero> &copia)
             SegnaModificato();
         }
         AggiornaTastiRapidi();
+        AggiornaOpzioni();
         AggiornaComponi();
     } catch (ErroreRuntime &errore) {
         Chiudi();
@@ -162,8 +164,12 @@ void MDIForm1::mnuFileNuovo()
     if (esisteva)
         ImpostazioniDiEsistente();
     AbilitaComuni(true);
-    mnuFileProprieta();
+    // The new dictionary is shown also when its properties cannot be.
+    Protetto(this, [this] { mnuFileProprieta(); });
     MostraDizionario(copia);
+    // The user begins with them: in front of the empty lists.
+    if (FinestraAperta(u"proprietaForm1"_s))
+        mnuFileProprieta();
 }
 
 void MDIForm1::mnuFileNuovoDaModello()
@@ -391,6 +397,8 @@ void MDIForm1::mnuFileSalvaConNome()
     servizi().dlgFile.nomeFile = s.PercorsoDizionario;
     if (QMdiSubWindow *visualizza = FinestraAperta(u"VisualizzaForm1"_s))
         static_cast<VisualizzaForm1 *>(visualizza->widget())->AggiornaTitolo();
+    if (auto *proprieta = Aperta<proprietaForm1>())
+        proprieta->AggiornaTitolo();
 }
 
 void MDIForm1::mnuFileStampa()
@@ -440,6 +448,7 @@ void MDIForm1::Chiudi()
     });
     AggiornaMenuRecenti();
     AggiornaTastiRapidi();
+    AggiornaOpzioni();
     AggiornaComponi();
     servizi().dlgFile.nomeFile.clear();
     m_fileCreato = false;
