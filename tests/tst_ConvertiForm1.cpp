@@ -5,8 +5,6 @@
 #include "Dialoghi.h"
 #include "Errori.h"
 #include "app/Servizi.h"
-#include "print/StampaElenco.h"
-#include "print/Stampante.h"
 #include "tools/ConvertiForm1.h"
 #include "tools/OutPutForm.h"
 
@@ -15,7 +13,6 @@
 #include <QListView>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QPrinter>
 
 using namespace Qt::StringLiterals;
 using Module1::stato;
@@ -68,7 +65,6 @@ private slots:
     void fileIlleggibili();
     void senzaDizionario();
     void interrotta();
-    void stampaSuPiuFogli();
     void unisce();
     void inverte();
 };
@@ -233,24 +229,6 @@ void TestConvertiForm1::interrotta()
     QVERIFY(!banco.Aperta("ConvertiForm1"));
     QTRY_VERIFY(banco.Azione(u"mnuFinestra(0)"_s)->isChecked());
     QCOMPARE(banco.Azione(u"mnuFinestra(0)"_s)->text(), u"OutPut di Conversione"_s);
-}
-
-void TestConvertiForm1::stampaSuPiuFogli()
-{
-    const QTemporaryDir cartella;
-    QPrinter stampante;
-    stampante.setOutputFormat(QPrinter::PdfFormat);
-    QVERIFY(!StampanteValida(stampante));
-    stampante.setOutputFileName(cartella.filePath(u"elenco.pdf"_s));
-    QVERIFY(StampanteValida(stampante));
-    const QFontMetricsF metrica(QFont(u"Arial"_s, 10), &stampante);
-    const int perFoglio = static_cast<int>(stampante.pageRect(QPrinter::DevicePixel).height() / metrica.lineSpacing());
-    SpoolStampante spool(stampante);
-    StampaElenco(spool, QStringList(perFoglio * 2 + 3, u"Riga 1: parola"_s));
-    const QByteArray pdf = ByteDelFile(cartella.filePath(u"elenco.pdf"_s));
-    QCOMPARE(pdf.count("/Type /Page\n"), 3);
-    stampante.setOutputFileName(cartella.filePath(u"manca/elenco.pdf"_s));
-    QCOMPARE(NumeroErrore([&] { StampaElenco(spool, {u"Riga 1: parola"_s}); }), 57);
 }
 
 void TestConvertiForm1::unisce()

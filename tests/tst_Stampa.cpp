@@ -4,7 +4,6 @@
 #include "Banco.h"
 #include "Dialoghi.h"
 #include "Errori.h"
-#include "print/StampaElenco.h"
 #include "print/Stampante.h"
 #include "tools/OutPutForm.h"
 
