@@ -15,6 +15,7 @@
 #include <QDir>
 #include <QFile>
 #include <QLabel>
+#include <QMdiSubWindow>
 #include <QMenu>
 #include <QPushButton>
 #include <QTemporaryDir>
@@ -112,6 +113,15 @@ struct Banco {
     [[nodiscard]] bool Aperta(const char *form) const
     {
         return finestra->findChild<QWidget *>(QString::fromLatin1(form)) != nullptr;
+    }
+
+    /// Closes every child window but the viewer.
+    void ChiudiFiglie() const
+    {
+        for (QMdiSubWindow *figlia : finestra->findChildren<QMdiSubWindow *>()) {
+            if (figlia->widget() && figlia->widget() != Visualizza())
+                figlia->close();
+        }
     }
 
     /// A key pressed and let go in the control that has the focus, as the platform sends it: `scansione` is the key's

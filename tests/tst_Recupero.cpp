@@ -71,6 +71,7 @@ private slots:
     void soloImpostazioni();
     void fileSparito();
     void copiaRotta();
+    void copiaImpossibile();
     void apertoDueVolte();
     void cambiatoDaAltri();
     void salvaConNome();
@@ -211,6 +212,37 @@ void TestRecupero::copiaRotta()
     QVERIFY2(banco.dialoghi.verifica(), qPrintable(banco.dialoghi.guasti()));
     QCOMPARE(banco.Parole(1).size(), 2);
     QCOMPARE(ByteDelFile(copia), QByteArray("rotta"));
+}
+
+void TestRecupero::copiaImpossibile()
+{
+    Interrotto banco;
+    banco.Chiedi(QMessageBox::No);
+    banco.Comando(u"mnuFileChiudi"_s);
+    // A file stands where the folder should: told once for as long as it lasts, and work goes on.
+    const QString cartella = banco.cartella.filePath(u"stato/varbel"_s);
+    QVERIFY(QDir(cartella).removeRecursively());
+    ScriviInPosto(cartella, {});
+    banco.Apri(banco.percorso);
+    const auto avviso = [&banco] {
+        banco.dialoghi.altro([](QDialog *dialogo) {
+            QVERIFY(qobject_cast<QMessageBox *>(dialogo)->text().startsWith(u"Impossibile scrivere la copia di"_s));
+            dialogo->accept();
+        });
+    };
+    avviso();
+    Interrotto::Aggiungi(u"gatto"_s, u"cat"_s);
+    Interrotto::Aggiungi(u"topo"_s, u"mouse"_s);
+    QVERIFY2(banco.dialoghi.verifica(), qPrintable(banco.dialoghi.guasti()));
+    banco.Comando(u"mnuFileSalva"_s);
+    QCOMPARE(banco.Linee(banco.percorso).size(), 4);
+    QVERIFY(QFile::remove(cartella));
+    QVERIFY(QDir().mkdir(cartella));
+    Interrotto::Aggiungi(u"lupo"_s, u"wolf"_s);
+    QVERIFY(QDir(cartella).removeRecursively());
+    avviso();
+    Interrotto::Aggiungi(u"orso"_s, u"bear"_s);
+    QVERIFY2(banco.dialoghi.verifica(), qPrintable(banco.dialoghi.guasti()));
 }
 
 void TestRecupero::apertoDueVolte()

@@ -357,7 +357,8 @@ bool MDIForm1::SalvaDocumento()
     } catch (const std::exception &eccezione) {
         const auto *errore = dynamic_cast<const ErroreRuntime *>(&eccezione);
         // What stands on the disk now may be less than what is in memory; also a new dictionary can go elsewhere.
-        SegnaModificato();
+        s.Modificato = true;
+        Abilita(u"mnuFileSalva"_s, true);
         Abilita(u"mnuFileSalvaConNome"_s, true);
         Messaggio(this, QMessageBox::Critical, u"Errore!"_s,
                   (errore ? errore->testo : TestoMemoria()) +

@@ -1,0 +1,274 @@
+// SPDX-FileCopyrightText: 2026 The Varbel developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A random session through the real windows, beside a model of what the dictionary must hold. VARBEL_PASSI says how
+// many steps, VARBEL_SEME which.
+#include "Banco.h"
+#include "Dialoghi.h"
+#include "core/Riga.h"
+#include "tools/Inversione.h"
+
+#include <QLineEdit>
+#include <QRandomGenerator>
+
+using namespace Qt::StringLiterals;
+using Module1::stato;
+
+namespace
+{
+constexpr int Passi = 2000;
+constexpr qsizetype MassimoVoci = 400;
+
+class Utente
+{
+public:
+    explicit Utente(quint32 seme) : m_caso(seme), m_percorso(m_banco.Dizionario(u"a.dic"_s, {u"@casa@house@"_s}))
+    {
+        m_attese = {u"@casa@house@\r"_s};
+        m_banco.Apri(m_percorso);
+    }
+
+    void Passo()
+    {
+        using Comando = void (Utente::*)();
+        constexpr std::array<std::pair<int, Comando>, 11> comandi = {{{32, &Utente::Aggiungi},
+                                                                      {18, &Utente::Correggi},
+                                                                      {16, &Utente::Elimina},
+                                                                      {6, &Utente::Ordina},
+                                                                      {2, &Utente::Unisci},
+                                                                      {2, &Utente::Converti},
+                                                                      {2, &Utente::Inverti},
+                                                                      {8, &Utente::Salva},
+                                                                      {4, &Utente::ChiudiEApri},
+                                                                      {2, &Utente::Cade},
+                                                                      {8, &Utente::Guarda}}};
+        int scelta = m_caso.bounded(100);
+        for (const auto &[peso, comando] : comandi) {
+            scelta -= peso;
+            if (scelta >= 0)
+                continue;
+            (this->*comando)();
+            return;
+        }
+    }
+
+    [[nodiscard]] QString Diverso()
+    {
+        if (!m_dialoghi.verifica())
+            return m_dialoghi.guasti();
+        QStringList parole;
+        for (const QString &linea : m_attese)
+            parole += CampiDellaRiga(linea).lingua1.toString();
+        QStringList mostrate = m_banco.Parole(1);
+        parole.sort();
+        mostrate.sort();
+        if (mostrate != parole)
+            return u"in vista: "_s + mostrate.join(u',') + u"; attese: "_s + parole.join(u',');
+        QStringList linee;
+        for (qint32 i = 0; i <= stato().LenDizionario1; ++i)
+            linee += RigaDi(stato().Dizionario1, i)[2];
+        linee.removeAll(QString());
+        linee.sort();
+        m_attese.sort();
+        return linee == m_attese ? QString() : linee.join(u',') + u"; attese: "_s + m_attese.join(u',');
+    }
+
+    QStringList fatti;
+
+private:
+    QString Parola()
+    {
+        static const QString lettere = u"abcàèαωжя' "_s;
+        QString parola = u"p"_s;
+        for (int i = m_caso.bounded(6); i > 0; --i)
+            parola += lettere[m_caso.bounded(static_cast<int>(lettere.size()))];
+        return parola;
+    }
+
+    void Scrivi(const char *casella, const QString &testo) const
+    {
+        m_banco.Trova<QLineEdit>("InserimentoForm1", casella)->setText(testo);
+    }
+
+    void Ok(const char *form) const { m_banco.Trova<QPushButton>(form, "cmdOk")->click(); }
+
+    // The row chosen in the viewer, its stored line; none in an empty dictionary.
+    QString Scegli()
+    {
+        if (m_attese.isEmpty())
+            return {};
+        const int k = m_caso.bounded(static_cast<int>(m_attese.size()));
+        m_banco.Lista(1)->ImpostaListIndex(k);
+        return RigaDi(stato().Dizionario1, k)[2];
+    }
+
+    void Aggiungi()
+    {
+        const riga voce = {.lingua1 = Parola(), .lingua2 = Parola(), .commento1 = Parola(), .commento2 = Parola()};
+        fatti += u"aggiungi "_s + ComponiRiga(voce);
+        m_banco.Comando(u"mnuModificaAggiungi"_s);
+        Scrivi("txtLingua1", voce.lingua1);
+        Scrivi("txtLingua2", voce.lingua2);
+        Scrivi("txtCommento1", voce.commento1);
+        Scrivi("txtCommento2", voce.commento2);
+        Ok("InserimentoForm1");
+        m_attese += ComponiRiga(voce);
+    }
+
+    void Correggi()
+    {
+        const QString linea = Scegli();
+        if (linea.isEmpty())
+            return Aggiungi();
+        m_banco.Premi(u"cmdApri"_s);
+        riga voce;
+        ScomponiRiga(linea, voce.lingua1, voce.lingua2, voce.commento1, voce.commento2);
+        voce.lingua2 = Parola();
+        fatti += u"correggi "_s + linea + u" in "_s + ComponiRiga(voce);
+        Scrivi("txtLingua2", voce.lingua2);
+        if (m_caso.bounded(4) == 0)
+            m_banco.Comando(u"mnuModificaOrdina2"_s);
+        Ok("InserimentoForm1");
+        m_attese.removeOne(linea);
+        m_attese += ComponiRiga(voce);
+    }
+
+    void Elimina()
+    {
+        for (int volte = m_attese.size() > MassimoVoci ? 100 : 1; volte > 0; --volte) {
+            const QString linea = Scegli();
+            if (linea.isEmpty())
+                return;
+            const bool davvero = m_caso.bounded(4) > 0;
+            fatti += (davvero ? u"elimina "_s : u"non elimina "_s) + linea;
+            m_dialoghi.altro([davvero](QDialog *box) {
+                qobject_cast<QMessageBox *>(box)->button(davvero ? QMessageBox::Yes : QMessageBox::No)->click();
+            });
+            m_banco.Premi(u"cmdElimina"_s);
+            if (davvero)
+                m_attese.removeOne(linea);
+        }
+    }
+
+    void Ordina()
+    {
+        fatti += u"ordina"_s;
+        m_banco.Comando(m_caso.bounded(2) == 0 ? u"mnuModificaOrdina1"_s : u"mnuModificaOrdina2"_s);
+    }
+
+    void Unisci()
+    {
+        fatti += u"unisci"_s;
+        const QStringList linee = {u"@"_s + Parola() + u"@x@"_s, u"c@"_s + Parola() + u"@y@d"_s};
+        m_dialoghi.file(m_banco.Dizionario(u"b.dic"_s, linee));
+        m_banco.Comando(u"mnuStrumentiUnisci"_s);
+        for (const QString &linea : linee)
+            m_attese += linea + u'\r';
+    }
+
+    void Converti()
+    {
+        fatti += u"converti"_s;
+        const QString parola = Parola();
+        const QString file = m_banco.File(u"c.txt"_s);
+        ScriviInPosto(file, (parola + u";z\nsenza\n"_s).toUtf8());
+        m_dialoghi.file(file, u"*.* (tutti i file) (*)"_s);
+        m_banco.Comando(u"mnuStrumentiConversioni"_s);
+        m_banco.Trova<QLineEdit>("ConvertiForm1", "txtSeparatore(0)")->setText(u";"_s);
+        m_banco.Trova<QLineEdit>("ConvertiForm1", "txtLingua1")->setText(u"1"_s);
+        m_banco.Trova<QLineEdit>("ConvertiForm1", "txtLingua2")->setText(u"2"_s);
+        Ok("ConvertiForm1");
+        Ok("OutPutForm");
+        // A line that is one separator short of it fails, as the one without any does.
+        m_attese += u'@' + parola + u"@z@"_s;
+    }
+
+    void Inverti()
+    {
+        fatti += u"inverti"_s;
+        m_dialoghi.file(m_percorso);
+        m_banco.Comando(u"mnuStrumentiInverti"_s);
+        std::transform(m_attese.begin(), m_attese.end(), m_attese.begin(), LineaInvertita);
+    }
+
+    void Salva()
+    {
+        fatti += u"salva"_s;
+        m_banco.Comando(u"mnuFileSalva"_s);
+    }
+
+    void ChiudiEApri()
+    {
+        fatti += u"chiudi e apri"_s;
+        if (stato().Modificato)
+            m_dialoghi.altro([](QDialog *box) { qobject_cast<QMessageBox *>(box)->button(QMessageBox::Yes)->click(); });
+        m_banco.Comando(u"mnuFileChiudi"_s);
+        m_banco.Comando(u"mnuFileRecente(0)"_s);
+        Riletto();
+    }
+
+    // Each line that is read keeps the CR of its end.
+    void Riletto()
+    {
+        for (QString &linea : m_attese)
+            linea += u'\r';
+    }
+
+    void Cade()
+    {
+        fatti += u"cade"_s;
+        const bool modificato = stato().Modificato;
+        m_banco.Avvia();
+        if (modificato)
+            m_dialoghi.altro([](QDialog *box) { qobject_cast<QMessageBox *>(box)->button(QMessageBox::Yes)->click(); });
+        else
+            Riletto();
+        m_banco.Apri(m_percorso);
+    }
+
+    // Windows that change nothing, opened and left or closed.
+    void Guarda()
+    {
+        static const QStringList comandi = {u"mnuEserciziCasuale"_s, u"mnuEserciziInverti"_s, u"mnuHelpAbout"_s,
+                                            u"mnuStrumentiCaratteri"_s, u"mnuStrumentiOpzioni"_s};
+        const QString comando = comandi[m_caso.bounded(static_cast<int>(comandi.size()))];
+        fatti += comando;
+        // The exercise reads the file, which must not be empty.
+        if (comando.startsWith(u"mnuEsercizi"_s) && (stato().Modificato || m_attese.size() < 3))
+            return;
+        m_banco.Comando(comando);
+        if (m_caso.bounded(2) == 0)
+            m_banco.ChiudiFiglie();
+    }
+
+    QRandomGenerator m_caso;
+    Banco m_banco;
+    Dialoghi m_dialoghi;
+    const QString m_percorso;
+    QStringList m_attese;
+};
+} // namespace
+
+class TestSessioniFinestre : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void casuale()
+    {
+        bool dato = false;
+        const int passi = qEnvironmentVariableIntValue("VARBEL_PASSI", &dato);
+        const auto seme = static_cast<quint32>(qEnvironmentVariableIntValue("VARBEL_SEME"));
+        Utente utente(seme);
+        for (int i = 0; i < (dato ? passi : Passi); ++i) {
+            utente.Passo();
+            const QString diverso = utente.Diverso();
+            const QString ultimi = utente.fatti.sliced(qMax(0, utente.fatti.size() - 10)).join(u'\n');
+            QVERIFY2(diverso.isEmpty(),
+                     qPrintable(u"seme %1, passo %2: %3\n%4"_s.arg(seme).arg(i).arg(diverso, ultimi)));
+            QApplication::processEvents();
+        }
+    }
+};
+
+QTEST_MAIN(TestSessioniFinestre)
+#include "tst_sessioniFinestre.moc"
