@@ -28,6 +28,12 @@ float Frequenza(const QString &testo)
         throw ErroreRuntime(6);
     return static_cast<float>(frequenza);
 }
+
+void MostraNome(QLabel *etichetta, const QString &font)
+{
+    etichetta->setText(font);
+    etichetta->setToolTip("<span>"_L1 + font.toHtmlEscaped() + "</span>"_L1);
+}
 } // namespace
 
 proprietaForm1::proprietaForm1(QWidget *genitore) : FinestraFiglia(genitore), ui(std::make_unique<Ui::proprietaForm1>())
@@ -89,10 +95,10 @@ void proprietaForm1::MostraFonts()
 {
     const ImpostazioniDizionario &impostazioni = stato().impostazioni;
     const auto mostra = [this](QLabel *etichetta, const QString &font, const QPushButton *pulsante) {
-        constexpr int caratteri = 14;
+        constexpr int caratteri = 15;
         etichetta->setMinimumWidth(caratteri * etichetta->fontMetrics().averageCharWidth());
         // The name as it is stored: one that is not installed is shown in the font that stands in for it.
-        etichetta->setText(font);
+        MostraNome(etichetta, font);
         ImpostaFont(etichetta, font);
         Collega(pulsante, &QPushButton::clicked, this, [this, etichetta] { ScegliFont(etichetta); });
     };
@@ -124,12 +130,25 @@ void proprietaForm1::ScegliFont(QLabel *etichetta)
     DlgFile &dlg = servizi().dlgFile;
     if (!MostraDlgFont(this, dlg))
         return;
-    etichetta->setText(dlg.font.family());
+    MostraNome(etichetta, dlg.font.family());
     QFont font = etichetta->font();
     font.setFamily(dlg.font.family());
     font.setBold(dlg.font.bold());
     font.setItalic(dlg.font.italic());
     etichetta->setFont(font);
+}
+
+bool proprietaForm1::event(QEvent *evento)
+{
+    const bool fatto = FinestraFiglia::event(evento);
+    // The name of a font just chosen may take more lines, or higher ones.
+    QWidget *cornice = parentWidget();
+    if (evento->type() == QEvent::LayoutRequest && cornice && !cornice->isMaximized() && !cornice->isMinimized()) {
+        const int manca = layout()->totalHeightForWidth(width()) - height();
+        if (manca > 0)
+            cornice->resize(cornice->width(), cornice->height() + manca);
+    }
+    return fatto;
 }
 
 void proprietaForm1::Ok()

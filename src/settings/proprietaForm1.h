@@ -29,6 +29,9 @@ signals:
     /// Ok has stored the settings.
     void impostazioniCambiate();
 
+protected:
+    bool event(QEvent *evento) override;
+
 private:
     void MostraLingue();
     void MostraFonts();
