@@ -15,6 +15,7 @@
 #include <QDir>
 #include <QFile>
 #include <QLabel>
+#include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QPushButton>
@@ -118,7 +119,7 @@ struct Banco {
     /// Closes every child window but the viewer.
     void ChiudiFiglie() const
     {
-        for (QMdiSubWindow *figlia : finestra->findChildren<QMdiSubWindow *>()) {
+        for (const auto &figlia : finestra->findChild<QMdiArea *>()->subWindowList()) {
             if (figlia->widget() && figlia->widget() != Visualizza())
                 figlia->close();
         }

@@ -222,7 +222,7 @@ void TestRecupero::copiaImpossibile()
     // A file stands where the folder should: told once for as long as it lasts, and work goes on.
     const QString cartella = banco.cartella.filePath(u"stato/varbel"_s);
     QVERIFY(QDir(cartella).removeRecursively());
-    ScriviInPosto(cartella, {});
+    ScriviInPosto(cartella, QByteArray());
     banco.Apri(banco.percorso);
     const auto avviso = [&banco] {
         banco.dialoghi.altro([](QDialog *dialogo) {

@@ -23,7 +23,8 @@ class Utente
 public:
     explicit Utente(quint32 seme) : m_caso(seme), m_percorso(m_banco.Dizionario(u"a.dic"_s, {u"@casa@house@"_s}))
     {
-        m_attese = {u"@casa@house@\r"_s};
+        m_salvate = {u"@casa@house@"_s};
+        Riletto();
         m_banco.Apri(m_percorso);
     }
 
@@ -194,21 +195,25 @@ private:
     {
         fatti += u"salva"_s;
         m_banco.Comando(u"mnuFileSalva"_s);
+        m_salvate = m_attese;
     }
 
     void ChiudiEApri()
     {
         fatti += u"chiudi e apri"_s;
-        if (stato().Modificato)
+        if (stato().Modificato) {
             m_dialoghi.altro([](QDialog *box) { qobject_cast<QMessageBox *>(box)->button(QMessageBox::Yes)->click(); });
+            m_salvate = m_attese;
+        }
         m_banco.Comando(u"mnuFileChiudi"_s);
         m_banco.Comando(u"mnuFileRecente(0)"_s);
         Riletto();
     }
 
-    // Each line that is read keeps the CR of its end.
+    // Each line that is read has kept the CR of its end.
     void Riletto()
     {
+        m_attese = m_salvate;
         for (QString &linea : m_attese)
             linea += u'\r';
     }
@@ -245,6 +250,8 @@ private:
     Dialoghi m_dialoghi;
     const QString m_percorso;
     QStringList m_attese;
+    // What the file was last written with.
+    QStringList m_salvate;
 };
 } // namespace
 
@@ -264,7 +271,7 @@ private slots:
             const QString diverso = utente.Diverso();
             const QString ultimi = utente.fatti.sliced(qMax(0, utente.fatti.size() - 10)).join(u'\n');
             QVERIFY2(diverso.isEmpty(),
-                     qPrintable(u"seme %1, passo %2: %3\n%4"_s.arg(seme).arg(i).arg(diverso, ultimi)));
+                     qPrintable(u"seme %1, passo %2: %3\n%4"_s.arg(seme).arg(i).arg(ultimi, diverso)));
             QApplication::processEvents();
         }
     }

@@ -29,6 +29,8 @@ namespace Documento
 {
 void Occupa()
 {
+    // The place that was held is let go first, lest it seem another program's.
+    stato().recupero.reset();
     stato().recupero = std::make_shared<Recupero>(stato().PercorsoDizionario);
     NotaFile();
 }
@@ -95,10 +97,12 @@ void AggiornaCopia()
 void Salva()
 {
     Module1::Stato &s = stato();
+    bool conCopia = true;
     try {
         AggiornaCopia();
     } catch (const ErroreRuntime &) {
         // The save itself may still succeed.
+        conCopia = false;
     }
     const QString ini = PercorsoIniScritto(s.PercorsoDizionario);
     const bool altroNome = s.recupero && s.recupero->percorso() != s.PercorsoDizionario;
@@ -113,9 +117,13 @@ void Salva()
             throw;
         }
     };
-    scrivi(s.PercorsoDizionario, [&s] { SalvaDizionario(s.PercorsoDizionario, s.Dizionario1, s.LenDizionario1); });
+    scrivi(s.PercorsoDizionario,
+           [&] { SalvaDizionario(s.PercorsoDizionario, s.Dizionario1, s.LenDizionario1, conCopia); });
     s.PercorsoIni = ini;
-    scrivi(ini, [&] { ScriviInPosto(ini, ScriviIni(s.impostazioni)); });
+    scrivi(ini, [&] {
+        const auto byte = [&s](QIODevice &file) { ScriviTutto(file, ScriviIni(s.impostazioni)); };
+        conCopia ? ScriviInPosto(ini, byte) : ScriviIntero(ini, byte);
+    });
     NotaFile();
     s.Modificato = false;
     if (!s.recupero)

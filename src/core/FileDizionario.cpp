@@ -153,7 +153,8 @@ void ScriviDizionario(QIODevice &dispositivo, const Tabella &tabella, qint32 ult
     ScriviTutto(dispositivo, blocco);
 }
 
-void SalvaDizionario(const QString &percorso, const Tabella &tabella, qint32 ultima)
+void SalvaDizionario(const QString &percorso, const Tabella &tabella, qint32 ultima, bool conCopia)
 {
-    ScriviInPosto(percorso, [&](QIODevice &file) { ScriviDizionario(file, tabella, ultima); });
+    const auto scrivi = [&](QIODevice &file) { ScriviDizionario(file, tabella, ultima); };
+    conCopia ? ScriviInPosto(percorso, scrivi) : ScriviIntero(percorso, scrivi);
 }

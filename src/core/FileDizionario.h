@@ -45,5 +45,6 @@ qint32 CaricaDizionario(const QString &percorso, Tabella &tabella);
 /// Writes one stored line and its CR LF for each row 0 to `ultima` that is no hole.
 void ScriviDizionario(QIODevice &dispositivo, const Tabella &tabella, qint32 ultima);
 
-/// Deletes the file and writes it anew. ErroreRuntime as `ScriviInPosto`.
-void SalvaDizionario(const QString &percorso, const Tabella &tabella, qint32 ultima);
+/// Deletes the file and writes it anew; without `conCopia`, when what it holds is nowhere else on the disk, the new one
+/// takes its place in one step. ErroreRuntime as `ScriviInPosto`.
+void SalvaDizionario(const QString &percorso, const Tabella &tabella, qint32 ultima, bool conCopia = true);

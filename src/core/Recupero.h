@@ -48,7 +48,7 @@ public:
     [[nodiscard]] bool ApertoAltrove() const { return m_altrove; }
 
     /// The copies of this dictionary that no living program keeps, full paths.
-    [[nodiscard]] const QStringList &Trovate() const { return m_trovate; }
+    [[nodiscard]] QStringList Trovate() const { return m_trovate; }
 
     /// Replaces the copy, whole or not at all, by rows 0 to `ultima`. ErroreRuntime 57, 61 or 75 with the reason.
     void Scrivi(const Impronta &dizionario, const QByteArray &ini, const Tabella &tabella, qint32 ultima);

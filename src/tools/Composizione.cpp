@@ -45,7 +45,7 @@ QStringView SenzaSpazi(QStringView testo)
 }
 
 // What a write that is cut short would lose.
-void CopiaPrima(qint32 ultima)
+bool CopiaPrima(qint32 ultima)
 {
     Secondo &s = secondo();
     const QString ini = PercorsoIniLetto(s.percorso);
@@ -56,7 +56,9 @@ void CopiaPrima(qint32 ultima)
                            ultima);
     } catch (const ErroreRuntime &) {
         // The write itself may still succeed.
+        return false;
     }
+    return true;
 }
 
 void Riempi(QIODevice &dispositivo, Tabella &tabella, qint32 &righe)
@@ -163,8 +165,8 @@ void Scrivi()
     const qint32 ultima = s.LenDizionario2 - 1;
     const auto nota = [] { secondo().impronta = ImprontaDi(componiFile()); };
     try {
-        CopiaPrima(ultima);
-        SalvaDizionario(componiFile(), s.Dizionario2, ultima);
+        const bool conCopia = CopiaPrima(ultima);
+        SalvaDizionario(componiFile(), s.Dizionario2, ultima, conCopia);
     } catch (...) {
         nota();
         throw;
