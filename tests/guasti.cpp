@@ -69,10 +69,12 @@ extern "C" {
 // From now on the calls are counted.
 void guasti_inizio()
 {
-    const char *numero = std::getenv("GUASTI_CHIAMATA");
-    guasto = std::getenv("GUASTI_COME");
+    // Before any thread is started.
+    const char *numero = std::getenv("GUASTI_CHIAMATA"); // NOLINT(concurrency-mt-unsafe)
+    const char *come = std::getenv("GUASTI_COME");       // NOLINT(concurrency-mt-unsafe)
+    guasto = come ? come : "";
     chiamate = 0;
-    quale = numero && guasto ? std::atoi(numero) : 0;
+    quale = numero ? static_cast<int>(std::strtol(numero, nullptr, 10)) : 0;
 }
 
 int guasti_fine()
@@ -81,6 +83,7 @@ int guasti_fine()
     return chiamate;
 }
 
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): the system's own names are reserved.
 int open(const char *percorso, int modo, ...)
 {
     va_list altri;
@@ -164,4 +167,5 @@ int unlink(const char *percorso) noexcept
 {
     return Cambia("unlink", percorso);
 }
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
 }

@@ -39,11 +39,10 @@ bool Salve(const QString &percorso, const QStringList &attese)
     };
     if (QFile::exists(percorso) && tutte(Voci(percorso)))
         return true;
-    for (const QString &copia : Recupero(percorso).Trovate()) {
-        if (tutte(LeggiFileCopia(copia).voci.replaceInStrings(u"\r"_s, QString())))
-            return true;
-    }
-    return false;
+    const QStringList copie = Recupero(percorso).Trovate();
+    return std::any_of(copie.cbegin(), copie.cend(), [&tutte](const QString &copia) {
+        return tutte(LeggiFileCopia(copia).voci.replaceInStrings(u"\r"_s, QString()));
+    });
 }
 
 // The settings of the companion file, or those of the copy.

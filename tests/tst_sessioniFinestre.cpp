@@ -235,7 +235,7 @@ private:
     {
         static const QStringList comandi = {u"mnuEserciziCasuale"_s, u"mnuEserciziInverti"_s, u"mnuHelpAbout"_s,
                                             u"mnuStrumentiCaratteri"_s, u"mnuStrumentiOpzioni"_s};
-        const QString comando = comandi[m_caso.bounded(static_cast<int>(comandi.size()))];
+        const QString &comando = comandi[m_caso.bounded(static_cast<int>(comandi.size()))];
         fatti += comando;
         // The exercise reads the file, which must not be empty.
         if (comando.startsWith(u"mnuEsercizi"_s) && (stato().Modificato || m_attese.size() < 3))
