@@ -58,6 +58,7 @@ void TestOpzioniForm1::cambiaEResta()
     BancoOpzioni banco;
     QCOMPARE(banco.Dimensione()->text(), u"10"_s);
     QVERIFY(banco.Suono()->isChecked());
+    QCOMPARE(banco.Suono()->text(), u"Segnala acusticamete gli errori"_s);
     banco.Dimensione()->setText(u"14"_s);
     banco.Suono()->setChecked(false);
     auto *albero = banco.Controllo<QTreeView>("DirLavoro");

@@ -69,6 +69,7 @@ private slots:
     void recupera();
     void rifiuta();
     void soloImpostazioni();
+    void nuovoSuEsistente();
     void fileSparito();
     void copiaRotta();
     void copiaImpossibile();
@@ -179,6 +180,23 @@ void TestRecupero::soloImpostazioni()
     banco.Comando(u"mnuFileSalva"_s);
     QVERIFY(QFile::exists(banco.File(u"a.ini"_s)));
     QVERIFY(banco.dialoghi.verifica());
+}
+
+void TestRecupero::nuovoSuEsistente()
+{
+    Interrotto banco;
+    banco.Chiedi(QMessageBox::Yes);
+    stato().impostazioni.lingua1 = u"Ελληνικά"_s;
+    SegnaModificato();
+    banco.Avvia();
+    banco.dialoghi.file(banco.percorso);
+    banco.dialoghi.altro([](QDialog *box) { qobject_cast<QMessageBox *>(box)->button(QMessageBox::Yes)->click(); });
+    banco.Comando(u"mnuFileNuovo"_s);
+    QVERIFY2(banco.dialoghi.verifica(), qPrintable(banco.dialoghi.guasti()));
+    // The properties that come in front are those of the copy, and keep them at Ok.
+    banco.Trova<QPushButton>("proprietaForm1", "cmdOk")->click();
+    QCOMPARE(stato().impostazioni.lingua1, u"Ελληνικά"_s);
+    QCOMPARE(banco.Parole(1).size(), 3);
 }
 
 void TestRecupero::fileSparito()

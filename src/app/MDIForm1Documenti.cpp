@@ -163,6 +163,8 @@ void MDIForm1::mnuFileNuovo()
     s.impostazioni.lingua2 = u"lingua2"_s;
     if (esisteva)
         ImpostazioniDiEsistente();
+    if (copia)
+        Documento::PrendiImpostazioni(*copia);
     AbilitaComuni(true);
     // The new dictionary is shown also when its properties cannot be.
     Protetto(this, [this] { mnuFileProprieta(); });

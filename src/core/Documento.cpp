@@ -69,6 +69,15 @@ void Carica()
     OrdinaStringhe(s.Dizionario1, s.LenDizionario1);
 }
 
+void PrendiImpostazioni(const CopiaRecupero &copia)
+{
+    try {
+        stato().impostazioni = LeggiIni(copia.ini);
+    } catch (const ErroreRuntime &) {
+        // Those of the companion file stay.
+    }
+}
+
 void Prendi(const CopiaRecupero &copia)
 {
     Module1::Stato &s = stato();
@@ -77,11 +86,7 @@ void Prendi(const CopiaRecupero &copia)
     Tabella tabella;
     Ridimensiona(tabella, std::max(Capacita(s.Dizionario1), voci));
     std::transform(copia.voci.cbegin(), copia.voci.cend(), tabella.righe.begin(), RigaDaLinea);
-    try {
-        s.impostazioni = LeggiIni(copia.ini);
-    } catch (const ErroreRuntime &) {
-        // Those of the companion file stay.
-    }
+    PrendiImpostazioni(copia);
     s.Dizionario1 = std::move(tabella);
     s.LenDizionario1 = voci;
     s.Modificato = true;

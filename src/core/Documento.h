@@ -25,6 +25,9 @@ QString CambiatoDaAltri();
 /// Reads the dictionary's file into the main table, sorted. ErroreRuntime 53, 57, 70 or 75.
 void Carica();
 
+/// Takes the settings of a copy into the state, when they can be read.
+void PrendiImpostazioni(const CopiaRecupero &copia);
+
 /// Takes the entries and settings of a copy into the state; the dictionary then counts as modified.
 void Prendi(const CopiaRecupero &copia);
 

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "print/StampaElenco.h"
 
+#include "app/Attesa.h"
+#include "print/SpoolStampante.h"
 #include "print/Stampante.h"
 
 #include <QWidget>
@@ -24,7 +26,9 @@ void StampaElenco(Spool &spool, const QStringList &righe)
 
 void StampaElenco(QWidget *genitore, const QStringList &righe)
 {
-    if (righe.isEmpty())
-        return;
-    ConStampante(genitore, genitore->windowTitle(), [&righe](SpoolStampante &spool) { StampaElenco(spool, righe); });
+    ConStampante(genitore, genitore->windowTitle(), [&](SpoolStampante &spool) {
+        Attesa attesa(genitore, u"Stampa"_s, Attesa::FinoInFondo);
+        spool.avanti = [&attesa](qint64 fatto, qint64 totale) { return attesa.Avanti(fatto, totale); };
+        StampaElenco(spool, righe);
+    });
 }

@@ -127,9 +127,11 @@ void proprietaForm1::MostraTastiera()
 
 void proprietaForm1::ScegliFont(QLabel *etichetta)
 {
-    DlgFile &dlg = servizi().dlgFile;
+    DlgFile dlg = servizi().dlgFile;
+    dlg.font = etichetta->font();
     if (!MostraDlgFont(this, dlg))
         return;
+    servizi().dlgFile.font = dlg.font;
     MostraNome(etichetta, dlg.font.family());
     QFont font = etichetta->font();
     font.setFamily(dlg.font.family());

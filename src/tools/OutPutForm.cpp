@@ -28,6 +28,8 @@ OutPutForm::~OutPutForm() = default;
 void OutPutForm::ImpostaErrori(const QStringList &errori)
 {
     m_errori->setStringList(errori);
+    // No sheet for nothing.
+    ui->cmdStampa->setEnabled(!errori.isEmpty());
 }
 
 QSize OutPutForm::Misura(int /*sinistra*/) const
