@@ -3,6 +3,7 @@
 // Random sessions of the commands without a window, beside a model of what the dictionary must hold. VARBEL_PASSI says
 // how many steps, VARBEL_SEME which.
 #include "Errori.h"
+#include "Passi.h"
 #include "core/Documento.h"
 #include "core/FileDizionario.h"
 #include "core/Module1.h"
@@ -23,7 +24,7 @@ using Module1::stato;
 
 namespace
 {
-constexpr int Passi = 3000;
+constexpr int PassiSoliti = 3000;
 constexpr qsizetype MassimoVoci = 600;
 
 QByteArray Utf16(const QString &testo)
@@ -60,26 +61,18 @@ public:
 
     void Passo()
     {
-        using Comando = void (Sessione::*)();
-        constexpr std::array<std::pair<int, Comando>, 11> comandi = {{{30, &Sessione::Aggiungi},
-                                                                      {20, &Sessione::Modifica},
-                                                                      {20, &Sessione::Elimina},
-                                                                      {6, &Sessione::Ordina},
-                                                                      {3, &Sessione::Unisci},
-                                                                      {3, &Sessione::Converti},
-                                                                      {3, &Sessione::Componi},
-                                                                      {3, &Sessione::Inverti},
-                                                                      {5, &Sessione::Salva},
-                                                                      {3, &Sessione::ChiudiEApri},
-                                                                      {4, &Sessione::Cade}}};
-        int scelta = m_caso.bounded(100);
-        for (const auto &[peso, comando] : comandi) {
-            scelta -= peso;
-            if (scelta >= 0)
-                continue;
-            (this->*comando)();
-            return;
-        }
+        static constexpr Passi<Sessione, 11> comandi = {{{30, &Sessione::Aggiungi},
+                                                         {20, &Sessione::Modifica},
+                                                         {20, &Sessione::Elimina},
+                                                         {6, &Sessione::Ordina},
+                                                         {3, &Sessione::Unisci},
+                                                         {3, &Sessione::Converti},
+                                                         {3, &Sessione::Componi},
+                                                         {3, &Sessione::Inverti},
+                                                         {5, &Sessione::Salva},
+                                                         {3, &Sessione::ChiudiEApri},
+                                                         {4, &Sessione::Cade}}};
+        UnPasso(*this, m_caso, comandi);
     }
 
     // What the dictionary must hold and does not, or the other way round; empty when it is right.
@@ -347,7 +340,7 @@ private slots:
         const int passi = qEnvironmentVariableIntValue("VARBEL_PASSI", &dato);
         const auto seme = static_cast<quint32>(qEnvironmentVariableIntValue("VARBEL_SEME"));
         Sessione sessione(seme);
-        for (int i = 0; i < (dato ? passi : Passi); ++i) {
+        for (int i = 0; i < (dato ? passi : PassiSoliti); ++i) {
             sessione.Passo();
             const QString diverso = sessione.Diverso();
             const QString ultimi = sessione.fatti.sliced(qMax(0, sessione.fatti.size() - 10)).join(u'\n');

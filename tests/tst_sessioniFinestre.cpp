@@ -4,6 +4,7 @@
 // many steps, VARBEL_SEME which.
 #include "Banco.h"
 #include "Dialoghi.h"
+#include "Passi.h"
 #include "core/Riga.h"
 #include "tools/Inversione.h"
 
@@ -15,7 +16,7 @@ using Module1::stato;
 
 namespace
 {
-constexpr int Passi = 2000;
+constexpr int PassiSoliti = 2000;
 constexpr qsizetype MassimoVoci = 400;
 
 class Utente
@@ -30,26 +31,18 @@ public:
 
     void Passo()
     {
-        using Comando = void (Utente::*)();
-        constexpr std::array<std::pair<int, Comando>, 11> comandi = {{{32, &Utente::Aggiungi},
-                                                                      {18, &Utente::Correggi},
-                                                                      {16, &Utente::Elimina},
-                                                                      {6, &Utente::Ordina},
-                                                                      {2, &Utente::Unisci},
-                                                                      {2, &Utente::Converti},
-                                                                      {2, &Utente::Inverti},
-                                                                      {8, &Utente::Salva},
-                                                                      {4, &Utente::ChiudiEApri},
-                                                                      {2, &Utente::Cade},
-                                                                      {8, &Utente::Guarda}}};
-        int scelta = m_caso.bounded(100);
-        for (const auto &[peso, comando] : comandi) {
-            scelta -= peso;
-            if (scelta >= 0)
-                continue;
-            (this->*comando)();
-            return;
-        }
+        static constexpr Passi<Utente, 11> comandi = {{{32, &Utente::Aggiungi},
+                                                       {18, &Utente::Correggi},
+                                                       {16, &Utente::Elimina},
+                                                       {6, &Utente::Ordina},
+                                                       {2, &Utente::Unisci},
+                                                       {2, &Utente::Converti},
+                                                       {2, &Utente::Inverti},
+                                                       {8, &Utente::Salva},
+                                                       {4, &Utente::ChiudiEApri},
+                                                       {2, &Utente::Cade},
+                                                       {8, &Utente::Guarda}}};
+        UnPasso(*this, m_caso, comandi);
     }
 
     [[nodiscard]] QString Diverso()
@@ -266,7 +259,7 @@ private slots:
         const int passi = qEnvironmentVariableIntValue("VARBEL_PASSI", &dato);
         const auto seme = static_cast<quint32>(qEnvironmentVariableIntValue("VARBEL_SEME"));
         Utente utente(seme);
-        for (int i = 0; i < (dato ? passi : Passi); ++i) {
+        for (int i = 0; i < (dato ? passi : PassiSoliti); ++i) {
             utente.Passo();
             const QString diverso = utente.Diverso();
             const QString ultimi = utente.fatti.sliced(qMax(0, utente.fatti.size() - 10)).join(u'\n');

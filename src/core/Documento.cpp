@@ -52,14 +52,10 @@ QString CambiatoDaAltri()
     // Under a new name it replaces what the user has chosen to replace.
     if (!s.recupero || s.recupero->percorso() != s.PercorsoDizionario)
         return {};
-    const auto cambiato = [](const QString &percorso, const Impronta &prima) {
-        const Impronta adesso = ImprontaDi(percorso);
-        return adesso.dimensione >= 0 && adesso != prima;
-    };
-    const QString ini = PercorsoIniScritto(s.PercorsoDizionario);
-    if (cambiato(s.PercorsoDizionario, s.FileDizionario))
+    if (CambiatoDa(s.FileDizionario, s.PercorsoDizionario))
         return s.PercorsoDizionario;
-    return cambiato(ini, s.FileIni) ? ini : QString();
+    const QString ini = PercorsoIniScritto(s.PercorsoDizionario);
+    return CambiatoDa(s.FileIni, ini) ? ini : QString();
 }
 
 void Carica()

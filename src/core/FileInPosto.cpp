@@ -43,6 +43,12 @@ Impronta ImprontaDi(const QString &percorso)
     return info.isFile() ? Impronta{.quando = info.lastModified(), .dimensione = info.size()} : Impronta();
 }
 
+bool CambiatoDa(const Impronta &prima, const QString &percorso)
+{
+    const Impronta adesso = ImprontaDi(percorso);
+    return adesso.dimensione >= 0 && adesso != prima;
+}
+
 void ErroreApertura(const QString &percorso, const QString &motivo)
 {
     const QFileInfo info(percorso);

@@ -18,6 +18,9 @@ struct Impronta {
 };
 Impronta ImprontaDi(const QString &percorso);
 
+/// Whether a file stands there that is not as it was when it looked like `prima`.
+bool CambiatoDa(const Impronta &prima, const QString &percorso);
+
 /// Writes a file in place: deletes the one that is there (a failure to delete is no error), then opens, writes with
 /// `scrivi`, flushes to the disk, checks the size on it and closes. ErroreRuntime 57, 61 or 75 with the reason.
 void ScriviInPosto(const QString &percorso, const std::function<void(QIODevice &)> &scrivi);

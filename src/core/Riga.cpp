@@ -34,6 +34,15 @@ void ScomponiRiga(QStringView linea, QString &lingua1, QString &lingua2, QString
     assegna(commento2, campi.commento2);
 }
 
+QStringView SenzaSpazi(QStringView testo)
+{
+    while (testo.startsWith(u' '))
+        testo = testo.sliced(1);
+    while (testo.endsWith(u' '))
+        testo.chop(1);
+    return testo;
+}
+
 QString ComponiRiga(const riga &voce)
 {
     return voce.commento1 + u'@' + voce.lingua1 + u'@' + voce.lingua2 + u'@' + voce.commento2;

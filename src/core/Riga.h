@@ -27,5 +27,8 @@ CampiRiga CampiDellaRiga(QStringView linea);
 /// Splits a stored line; an output whose field is missing is left as it was given.
 void ScomponiRiga(QStringView linea, QString &lingua1, QString &lingua2, QString &commento1, QString &commento2);
 
+/// Without the blanks (U+0020 alone) at both ends.
+QStringView SenzaSpazi(QStringView testo);
+
 /// The stored line of an entry.
 QString ComponiRiga(const riga &voce);

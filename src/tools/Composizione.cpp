@@ -8,6 +8,7 @@
 #include "core/Module1.h"
 #include "core/Percorsi.h"
 #include "core/Recupero.h"
+#include "core/Riga.h"
 #include "edit/Ordinamento.h"
 #include "edit/Voci.h"
 
@@ -33,15 +34,6 @@ Secondo &secondo()
 {
     static Secondo unico;
     return unico;
-}
-
-QStringView SenzaSpazi(QStringView testo)
-{
-    while (testo.startsWith(u' '))
-        testo = testo.sliced(1);
-    while (testo.endsWith(u' '))
-        testo.chop(1);
-    return testo;
 }
 
 // What a write that is cut short would lose.
@@ -156,7 +148,7 @@ void Libera()
 
 bool Cambiato()
 {
-    return QFileInfo::exists(componiFile()) && ImprontaDi(componiFile()) != secondo().impronta;
+    return CambiatoDa(secondo().impronta, componiFile());
 }
 
 void Scrivi()

@@ -4,6 +4,7 @@
 
 #include "core/ErroreRuntime.h"
 #include "core/FileInPosto.h"
+#include "core/Riga.h"
 #include "core/Testo8Bit.h"
 #include "edit/Voci.h"
 
@@ -73,18 +74,6 @@ double Valore(const QString &testo)
             return valore;
     }
     return 0;
-}
-
-// Blanks are U+0020 alone.
-QString SenzaSpazi(const QString &testo)
-{
-    qsizetype inizio = 0;
-    qsizetype fine = testo.size();
-    while (inizio < fine && testo[inizio] == u' ')
-        ++inizio;
-    while (fine > inizio && testo[fine - 1] == u' ')
-        --fine;
-    return testo.sliced(inizio, fine - inizio);
 }
 
 const QString &Segmento(const Segmenti &segmenti, const QString &numero)
@@ -164,7 +153,9 @@ bool TagliaLinea(const QString &linea, const ImpostazioniConversione &impostazio
 
 RigaTabella RigaDaSegmenti(const Segmenti &segmenti, const ImpostazioniConversione &impostazioni)
 {
-    const auto pulito = [&impostazioni](const QString &testo) { return impostazioni.trim ? SenzaSpazi(testo) : testo; };
+    const auto pulito = [&impostazioni](const QString &testo) {
+        return impostazioni.trim ? SenzaSpazi(testo).toString() : testo;
+    };
     const QString &parola1 = Segmento(segmenti, impostazioni.lingua1);
     const QString &parola2 = Segmento(segmenti, impostazioni.lingua2);
     QString linea;

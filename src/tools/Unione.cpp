@@ -11,8 +11,6 @@
 
 #include <algorithm>
 
-using namespace Qt::StringLiterals;
-
 namespace
 {
 void Accoda(const QString &linea)
