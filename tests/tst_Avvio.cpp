@@ -20,6 +20,7 @@ private slots:
     void senzaVirgolette();
     void avvio_data();
     void avvio();
+    void geometria();
     void programma_data();
     void programma();
     void erroreInEventi();
@@ -90,6 +91,25 @@ void TestAvvio::avvio()
     QCOMPARE(Module1::stato().DizionarioAperto, aperto);
     QCOMPARE(Module1::stato().PercorsoDizionario, aperto ? banco.File(u"a.dic"_s) : QString());
     QCOMPARE(Capacita(Module1::stato().Dizionario1), 1000);
+}
+
+void TestAvvio::geometria()
+{
+    Banco banco;
+    const QString file = banco.File(u"configurazione/finestra.ini"_s);
+    const QSize solita = banco.finestra->size();
+    const auto avvia = [&] {
+        banco.finestra.reset();
+        banco.finestra = Main(QString(), banco.cartella.filePath(u"programma"_s), file);
+        return banco.finestra->size();
+    };
+    QCOMPARE(avvia(), solita);
+    banco.finestra->resize(640, 480);
+    QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+    QApplication::exec();
+    QCOMPARE(avvia(), QSize(640, 480));
+    ScriviInPosto(file, QByteArray("geometria=@ByteArray(\x1\xd9)\n"));
+    QCOMPARE(avvia(), solita);
 }
 
 void TestAvvio::programma_data()

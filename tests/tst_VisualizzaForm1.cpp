@@ -26,6 +26,7 @@ private slots:
     void tastieraDaSubito();
     void lettereCercano();
     void apreLaVoce();
+    void menuContestuale();
     void eliminaConOgniRisposta();
     void eliminaFinoAllUltima();
     void eliminaSenzaScelta_data();
@@ -195,6 +196,44 @@ void TestVisualizzaForm1::apreLaVoce()
     QCOMPARE(modifica.size(), 3);
     QCOMPARE(modifica.at(1).at(0).toInt(), 2);
     QCOMPARE(modifica.at(2).at(0).toInt(), 1);
+}
+
+void TestVisualizzaForm1::menuContestuale()
+{
+    Dialoghi dialoghi;
+    const Banco banco;
+    banco.Apri(banco.Dizionario(u"a.dic"_s, Quattro));
+    ListaParole *lista = banco.Lista(2);
+    const auto apri = [lista] {
+        const QPoint punto(5, lista->viewport()->height() - 2);
+        QContextMenuEvent evento(QContextMenuEvent::Mouse, punto, lista->viewport()->mapToGlobal(punto));
+        QApplication::sendEvent(lista->viewport(), &evento);
+        return qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    };
+    const auto testi = [](const QMenu *menu, bool soloAttive) {
+        QStringList questi;
+        for (const QAction *voce : menu->actions()) {
+            if (voce->isEnabled() || !soloAttive)
+                questi += voce->text();
+        }
+        return questi;
+    };
+    QMenu *menu = apri();
+    QVERIFY(menu);
+    QCOMPARE(testi(menu, false), QStringList({u"Apri"_s, u"Elimina Voce"_s, u"Aggiungi Voce"_s, u"Ordina"_s}));
+    QCOMPARE(testi(menu, true), QStringList({u"Aggiungi Voce"_s, u"Ordina"_s}));
+    menu->close();
+
+    lista->ImpostaListIndex(1);
+    lista->clic();
+    menu = apri();
+    QCOMPARE(testi(menu, true).size(), 4);
+    dialoghi.casella(u"Attenzione!"_s, u"Cancellare la voce : barca = boat?"_s, QMessageBox::Question,
+                     QMessageBox::Yes);
+    menu->actions().at(1)->trigger();
+    menu->close();
+    QVERIFY2(dialoghi.verifica(), qPrintable(dialoghi.guasti()));
+    QCOMPARE(banco.Parole(2), QStringList({u"tree"_s, u"dog"_s, u"house"_s}));
 }
 
 void TestVisualizzaForm1::eliminaConOgniRisposta()

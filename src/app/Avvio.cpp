@@ -11,10 +11,23 @@
 
 #include <QApplication>
 #include <QLibraryInfo>
+#include <QSettings>
 #include <QTimer>
 #include <QTranslator>
 
 using namespace Qt::StringLiterals;
+
+namespace
+{
+void TieniGeometria(QWidget *finestra, const QString &file)
+{
+    const QString chiave = u"geometria"_s;
+    finestra->restoreGeometry(QSettings(file, QSettings::IniFormat).value(chiave).toByteArray());
+    QObject::connect(qApp, &QApplication::aboutToQuit, finestra, [finestra, file, chiave] {
+        QSettings(file, QSettings::IniFormat).setValue(chiave, finestra->saveGeometry());
+    });
+}
+} // namespace
 
 void PreparaProgramma()
 {
@@ -27,12 +40,15 @@ void PreparaProgramma()
         QApplication::installTranslator(traduzione);
 }
 
-std::unique_ptr<MDIForm1> Main(const QString &rigaDiComando, const QString &cartellaProgramma)
+std::unique_ptr<MDIForm1> Main(const QString &rigaDiComando, const QString &cartellaProgramma,
+                               const QString &fileGeometria)
 {
     Module1::Azzera();
     Esercizio::stato() = {};
     Module1::stato().CartellaProgramma = cartellaProgramma;
     auto finestra = std::make_unique<MDIForm1>();
+    if (!fileGeometria.isEmpty())
+        TieniGeometria(finestra.get(), fileGeometria);
     const std::optional<QString> percorso = DizionarioNominato(rigaDiComando);
     if (percorso) {
         Module1::stato().PercorsoDizionario = PercorsoAssoluto(*percorso);

@@ -30,6 +30,7 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QScreen>
+#include <QStatusBar>
 #include <QStyle>
 #include <QTime>
 #include <QToolBar>
@@ -98,6 +99,7 @@ MDIForm1::MDIForm1() : m_area(new QMdiArea(this))
     m_finestre.insert(u"OpzioniForm1"_s, [this] { return CreaOpzioni(); });
     m_finestre.insert(u"aboutForm1"_s, [this] { return new aboutForm1(this); });
     CreaMenu();
+    CreaAiuti();
     CreaToolbar();
     StatoChiuso();
     Collega(m_area, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow *finestra) { Attivata(finestra); });
@@ -187,8 +189,9 @@ void MDIForm1::CreaMenu()
     Voce(ordina, u"mnuModificaOrdina1"_s, u"per Lingua1"_s, &MDIForm1::mnuModificaOrdina1);
     Voce(ordina, u"mnuModificaOrdina2"_s, u"per Lingua2"_s, &MDIForm1::mnuModificaOrdina2);
     Linea(modifica, u"mnuModificaLinea2"_s);
-    Voce(modifica, u"mnuModificaAggiungi"_s, u"Aggiungi Voce"_s, &MDIForm1::mnuModificaAggiungi);
+    QAction *aggiungi = Voce(modifica, u"mnuModificaAggiungi"_s, u"Aggiungi Voce"_s, &MDIForm1::mnuModificaAggiungi);
     Voce(modifica, u"mnuModificaElimina"_s, u"Elimina Voce"_s, &MDIForm1::mnuModificaElimina);
+    servizi().vociDelleListe = {aggiungi, ordina->menuAction()};
 
     QMenu *esercizi = Menu(u"mnuEsercizi"_s, u"&Esercizi"_s);
     Voce(esercizi, u"mnuEserciziCasuale"_s, u"Ordine Casuale"_s, &MDIForm1::mnuEserciziCasuale);
@@ -223,16 +226,17 @@ void MDIForm1::CreaToolbar()
     struct Pulsante {
         QString testo;
         QString immagine;
+        QString voce;
         Comando comando;
     };
     const std::array pulsanti = {
-        Pulsante{u"Nuovo"_s, u"nuovo"_s, &MDIForm1::mnuFileNuovo},
-        Pulsante{u"Apri"_s, u"apri"_s, &MDIForm1::mnuFileApri},
-        Pulsante{u"Salva"_s, u"salva"_s, &MDIForm1::mnuFileSalva},
-        Pulsante{u"Aggiungi"_s, u"aggiungi"_s, &MDIForm1::mnuModificaAggiungi},
-        Pulsante{u"Esercizio"_s, u"esercizio"_s, &MDIForm1::mnuEserciziCasuale},
-        Pulsante{u"Mappa Caratteri"_s, u"caratteri"_s, &MDIForm1::mnuStrumentiCaratteri},
-        Pulsante{u"Componi Dizionario"_s, u"componi"_s, &MDIForm1::mnuStrumentiComponi},
+        Pulsante{u"Nuovo"_s, u"nuovo"_s, u"mnuFileNuovo"_s, &MDIForm1::mnuFileNuovo},
+        Pulsante{u"Apri"_s, u"apri"_s, u"mnuFileApri"_s, &MDIForm1::mnuFileApri},
+        Pulsante{u"Salva"_s, u"salva"_s, u"mnuFileSalva"_s, &MDIForm1::mnuFileSalva},
+        Pulsante{u"Aggiungi"_s, u"aggiungi"_s, u"mnuModificaAggiungi"_s, &MDIForm1::mnuModificaAggiungi},
+        Pulsante{u"Esercizio"_s, u"esercizio"_s, u"mnuEserciziCasuale"_s, &MDIForm1::mnuEserciziCasuale},
+        Pulsante{u"Mappa Caratteri"_s, u"caratteri"_s, u"mnuStrumentiCaratteri"_s, &MDIForm1::mnuStrumentiCaratteri},
+        Pulsante{u"Componi Dizionario"_s, u"componi"_s, u"mnuStrumentiComponi"_s, &MDIForm1::mnuStrumentiComponi},
     };
     m_toolbar = addToolBar(u"Barra degli strumenti"_s);
     m_toolbar->setObjectName("Toolbar1"_L1);
@@ -246,11 +250,53 @@ void MDIForm1::CreaToolbar()
     for (const Pulsante &pulsante : pulsanti) {
         QAction *azione = m_toolbar->addAction(vuota, pulsante.testo);
         azione->setObjectName(u"Toolbar1(%1)"_s.arg(++numero));
+        azione->setStatusTip(m_voci.value(pulsante.voce)->statusTip());
         ImageList1.append(pulsante.immagine);
         m_toolbar->widgetForAction(azione)->setObjectName(azione->objectName());
         Lega(azione, [this, comando = pulsante.comando] { (this->*comando)(); });
     }
     m_toolbar->actions().at(3)->setData(u"aggiungi"_s);
+}
+
+void MDIForm1::CreaAiuti()
+{
+    statusBar()->setObjectName("StatusBar"_L1);
+    const std::initializer_list<std::pair<QString, QString>> aiuti = {
+        {u"mnuFileNuovo"_s, u"Crea un dizionario nuovo"_s},
+        {u"mnuFileNuovoDaModello"_s, u"Crea un dizionario con le impostazioni di un altro"_s},
+        {u"mnuFileApri"_s, u"Apre un dizionario"_s},
+        {u"mnuFileChiudi"_s, u"Chiude il dizionario"_s},
+        {u"mnuFileSalva"_s, u"Salva il dizionario e le sue impostazioni"_s},
+        {u"mnuFileSalvaConNome"_s, u"Salva il dizionario con un altro nome"_s},
+        {u"mnuFileStampa"_s, u"Stampa il dizionario com'è stato salvato"_s},
+        {u"mnuFileProprieta"_s, u"Lingue, tastiera, font e frequenza degli errori del dizionario"_s},
+        {u"mnuFileEsci"_s, u"Chiude il programma"_s},
+        {u"mnuModificaCopia"_s, u"Copia il testo selezionato"_s},
+        {u"mnuModificaTaglia"_s, u"Taglia il testo selezionato"_s},
+        {u"mnuModificaIncolla"_s, u"Incolla il testo copiato"_s},
+        {u"mnuModificaOrdina"_s, u"Ordina le voci"_s},
+        {u"mnuModificaOrdina1"_s, u"Ordina le voci per le parole della prima lingua"_s},
+        {u"mnuModificaOrdina2"_s, u"Ordina le voci per le parole della seconda lingua"_s},
+        {u"mnuModificaAggiungi"_s, u"Aggiunge voci al dizionario"_s},
+        {u"mnuModificaElimina"_s, u"Elimina la voce scelta"_s},
+        {u"mnuEserciziCasuale"_s, u"Chiede voci a caso"_s},
+        {u"mnuEserciziRipasso"_s, u"Chiede tutte le voci in ordine"_s},
+        {u"mnuEserciziInverti"_s, u"Chiede dalla seconda lingua alla prima"_s},
+        {u"mnuStrumentiUnisci"_s, u"Aggiunge le voci di un altro dizionario"_s},
+        {u"mnuStrumentiComponi"_s, u"Compone un dizionario con le voci di due"_s},
+        {u"mnuStrumentiCaratteri"_s, u"Tasti rapidi e mappa dei caratteri"_s},
+        {u"mnuStrumentiInverti"_s, u"Scambia le due lingue"_s},
+        {u"mnuStrumentiConversioni"_s, u"Aggiunge voci dalle righe di un file di testo"_s},
+        {u"mnuStrumentiOpzioni"_s, u"Grandezza dei caratteri, suono degli errori, cartella di lavoro"_s},
+        {u"mnuHelpAbout"_s, u"Versione, contatti e condizioni d'uso"_s},
+    };
+    for (const auto &[nome, aiuto] : aiuti) {
+        QAction *voce = m_menu.contains(nome) ? m_menu.value(nome)->menuAction() : m_voci.value(nome);
+        voce->setStatusTip(aiuto);
+        voce->setToolTip(aiuto);
+    }
+    for (QMenu *menu : m_menu)
+        menu->setToolTipsVisible(true);
 }
 
 bool MDIForm1::event(QEvent *evento)
@@ -310,6 +356,8 @@ void MDIForm1::AggiornaMenuRecenti()
         const QString &percorso = stato().recenti[i];
         m_recenti[i]->setText(Didascalia(percorso));
         m_recenti[i]->setData(percorso);
+        m_recenti[i]->setStatusTip(u"Apre "_s + percorso);
+        m_recenti[i]->setToolTip(percorso.toHtmlEscaped());
         m_recenti[i]->setVisible(!percorso.trimmed().isEmpty());
     }
 }

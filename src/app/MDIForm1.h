@@ -51,6 +51,7 @@ private:
 
     void CreaMenu();
     void CreaToolbar();
+    void CreaAiuti();
     void CaricaImmagini();
     void LeggiImpostazioni();
     QMenu *Menu(const QString &nome, const QString &testo, QMenu *in = nullptr);

@@ -5,6 +5,7 @@
 #include "app/DlgFile.h"
 #include "core/Module1.h"
 
+#include <QList>
 #include <QPointer>
 #include <QWidget>
 
@@ -20,6 +21,8 @@ struct Servizi {
     QAction *mnuFileSalva = nullptr;
     QAction *mnuFinestre = nullptr;
     std::array<QAction *, Module1::MassimoFinestre> mnuFinestra{};
+    /// The commands of the menus that the lists of entries offer too.
+    QList<QAction *> vociDelleListe;
     /// The control of the main window that last had the focus, also while a dialog has it.
     QPointer<QWidget> ultimoFuoco;
     /// The recovery copy could not be written, and the user has been told.

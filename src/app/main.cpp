@@ -69,7 +69,8 @@ int main(int argc, char *argv[])
     Protetto(nullptr, [&] {
         finestra = Main(RigaDiComando(QApplication::arguments()),
                         CartellaProgramma(QApplication::applicationDirPath(),
-                                          QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation)));
+                                          QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation)),
+                        QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) + u"/finestra.ini"_s);
     });
     return finestra && !ProgrammaTerminato() ? QApplication::exec() : 1;
 }

@@ -2,11 +2,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "edit/ListaParole.h"
 
+#include "app/Protezione.h"
+
+#include <QAction>
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QScopedValueRollback>
 
 #include <algorithm>
+
+using namespace Qt::StringLiterals;
 
 QString DelegatoParola::displayText(const QVariant &valore, const QLocale & /*locale*/) const
 {
@@ -98,6 +105,29 @@ void ListaParole::ImpostaListIndex(qint32 riga)
 void ListaParole::ImpostaAltezzaRiga(int altezza)
 {
     verticalHeader()->setDefaultSectionSize(altezza);
+}
+
+QAction *ListaParole::OffriSullaVoce(const QString &nome, const QString &testo, const std::function<void()> &comando)
+{
+    auto *azione = new QAction(testo, this);
+    azione->setObjectName(nome);
+    Collega(azione, &QAction::triggered, this, [comando] { comando(); });
+    addAction(azione);
+    m_sullaVoce += azione;
+    return azione;
+}
+
+void ListaParole::contextMenuEvent(QContextMenuEvent *evento)
+{
+    if (actions().isEmpty())
+        return QTableView::contextMenuEvent(evento);
+    for (QAction *azione : m_sullaVoce)
+        azione->setEnabled(ListIndex() >= 0);
+    auto *menu = new QMenu(this);
+    menu->setObjectName(u"mnu"_s + objectName());
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addActions(actions());
+    menu->popup(evento->globalPos());
 }
 
 void ListaParole::focusInEvent(QFocusEvent *evento)

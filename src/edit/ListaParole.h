@@ -8,6 +8,8 @@
 #include <QStyledItemDelegate>
 #include <QTableView>
 
+#include <functional>
+
 /// One column of a table as a list: row i of the list is row i of the table, no word is copied.
 class ModelloColonna : public QAbstractListModel
 {
@@ -61,6 +63,10 @@ public:
     /// The height of every row in pixels.
     void ImpostaAltezzaRiga(int altezza);
 
+    /// A command that the list's context menu offers while a row is selected. What else it offers are the list's
+    /// actions.
+    QAction *OffriSullaVoce(const QString &nome, const QString &testo, const std::function<void()> &comando);
+
 signals:
     /// The user moved the selection, by mouse or keyboard, or clicked the row again.
     void clic();
@@ -68,6 +74,7 @@ signals:
     void canc();
 
 protected:
+    void contextMenuEvent(QContextMenuEvent *evento) override;
     void focusInEvent(QFocusEvent *evento) override;
     void keyPressEvent(QKeyEvent *evento) override;
     void selectionChanged(const QItemSelection &ora, const QItemSelection &prima) override;
@@ -76,5 +83,6 @@ protected:
     QModelIndex moveCursor(CursorAction azione, Qt::KeyboardModifiers tasti) override;
 
 private:
+    QList<QAction *> m_sullaVoce;
     bool m_daProgramma = false;
 };

@@ -44,9 +44,12 @@ VisualizzaForm1::VisualizzaForm1(QWidget *genitore)
     const ListaParole *lista2 = ui->ListaParoleLingua2;
     Collega(lista1, &ListaParole::clic, this, [this] { Clic1(); });
     Collega(lista2, &ListaParole::clic, this, [this] { Clic2(); });
-    for (const ListaParole *lista : {lista1, lista2}) {
+    for (ListaParole *lista : {ui->ListaParoleLingua1, ui->ListaParoleLingua2}) {
         Collega(lista, &ListaParole::doubleClicked, this, [this] { Apri(); });
         Collega(lista, &ListaParole::canc, this, [this] { SimulaElimina(); });
+        lista->OffriSullaVoce(u"mnuListaApri"_s, ui->cmdApri->text(), [this] { Apri(); });
+        lista->OffriSullaVoce(u"mnuListaElimina"_s, u"Elimina Voce"_s, [this] { SimulaElimina(); });
+        lista->addActions(servizi().vociDelleListe);
     }
     InvioPreme(this, ui->cmdApri);
     setFocusProxy(ui->ListaParoleLingua1);

@@ -101,6 +101,16 @@ ComponiForm1::ComponiForm1(QWidget *genitore)
 
     for (ListaParole *lista : {ui->lstDizionario1, ui->lstDizionario2})
         lista->installEventFilter(this);
+    ui->lstDizionario1->OffriSullaVoce(u"mnuListaCopia"_s, ui->cmd1to2->toolTip(), [this] { Copia1in2(); });
+    ui->lstDizionario2->OffriSullaVoce(u"mnuListaCopia"_s, ui->cmd2to1->toolTip(), [this] { Copia2in1(); });
+    const std::initializer_list<std::pair<ListaParole *, QList<QPushButton *>>> tutte = {
+        {ui->lstDizionario1, {ui->cmdAllto2, ui->cmdOrdina1}}, {ui->lstDizionario2, {ui->cmdAllto1, ui->cmdOrdina2}}};
+    for (const auto &[lista, pulsanti] : tutte) {
+        lista->OffriSullaVoce(u"mnuListaElimina"_s, u"Elimina la voce scelta"_s,
+                              [this, lista = lista] { Elimina(lista); });
+        for (QPushButton *pulsante : pulsanti)
+            lista->addAction(pulsante->toolTip(), pulsante, &QPushButton::click);
+    }
     InvioPreme(this, ui->cmdOk);
     Collega(ui->lstDizionario1, &ListaParole::doubleClicked, this, [this] { Copia1in2(); });
     Collega(ui->lstDizionario2, &ListaParole::doubleClicked, this, [this] { Copia2in1(); });
