@@ -9,6 +9,11 @@ PACCHETTI="g++ cmake ninja-build qt6-base-dev libx11-dev libxcb-xkb-dev libqt6sv
 # shellcheck disable=SC2034 # used by who sources this
 PACCHETTI_TEST="xvfb openbox xdotool x11-xserver-utils libxcb-xtest0-dev dbus-daemon
     cups-daemon cups-client cups-filters poppler-utils"
+# What the package needs, and what looks at it.
+# shellcheck disable=SC2034 # used by who sources this
+PACCHETTI_PACCHETTO="dpkg-dev file librsvg2-bin"
+# shellcheck disable=SC2034 # used by who sources this
+PACCHETTI_CONTROLLO="appstream desktop-file-utils libglib2.0-bin lintian man-db shared-mime-info x11-utils"
 # What the fuzz targets need: a compiler that makes them, and the names of functions in what it reports.
 # shellcheck disable=SC2034 # used by who sources this
 PACCHETTI_FUZZ="clang libclang-rt-14-dev llvm"
