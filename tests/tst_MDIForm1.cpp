@@ -137,6 +137,7 @@ mnuFinestre|Finestre
  mnuFinestra(8)|
  mnuFinestra(9)|
 mnuHelp|?
+ mnuHelpManuale|Manuale
  mnuHelpAbout|Informazioni su Varbel)"_s;
     QCOMPARE(Albero(banco.finestra->menuBar()).join(u'\n'), atteso);
     QVERIFY(banco.finestra->findChild<QMenu *>(u"mnuModificaOrdina"_s));
@@ -157,6 +158,7 @@ void TestMDIForm1::statiDiMenuEToolbar()
         {u"mnuFileRecente(1)"_s, u"sì no no"_s},
         {u"mnuFileRecente(2)"_s, u"sì no no"_s},
         {u"mnuFileRecente(3)"_s, u"sì no no"_s},
+        {u"mnuHelpManuale"_s, u"sì sì sì"_s},
         {u"mnuHelpAbout"_s, u"sì sì sì"_s},
         {u"mnuModificaOrdina1"_s, u"no sì sì"_s},
         {u"mnuModificaOrdina2"_s, u"no sì sì"_s},

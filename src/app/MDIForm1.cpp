@@ -10,6 +10,7 @@
 #include "edit/Ordinamento.h"
 #include "edit/VisualizzaForm1.h"
 #include "exercise/EsercizioForm1.h"
+#include "help/ComandoManuale.h"
 #include "input/CaratteriForm1.h"
 #include "input/GestoreTasti.h"
 #include "input/TastiRapidiForm.h"
@@ -67,7 +68,7 @@ QString DizionarioTrascinato(const QMimeData *dati)
 }
 } // namespace
 
-MDIForm1::MDIForm1() : m_area(new QMdiArea(this))
+MDIForm1::MDIForm1() : m_area(new QMdiArea(this)), m_manuale(new ComandoManuale(m_area))
 {
     Q_INIT_RESOURCE(varbel);
     setObjectName("MDIForm1"_L1);
@@ -218,6 +219,9 @@ void MDIForm1::CreaMenu()
     }
 
     QMenu *aiuto = Menu(u"mnuHelp"_s, u"?"_s);
+    QAction *manuale = Voce(aiuto, u"mnuHelpManuale"_s, u"Manuale"_s, &MDIForm1::mnuHelpManuale);
+    manuale->setShortcut(Qt::Key_F1);
+    manuale->setStatusTip(u"Apre il manuale alla pagina della finestra attiva"_s);
     Voce(aiuto, u"mnuHelpAbout"_s, u"Informazioni su Varbel"_s, &MDIForm1::mnuHelpAbout);
 }
 
@@ -580,6 +584,8 @@ void MDIForm1::closeEvent(QCloseEvent *evento)
         annulla = std::any_of(rimaste.cbegin(), rimaste.cend(),
                               [](const QMdiSubWindow *finestra) { return finestra->isVisible(); });
     });
+    if (!annulla)
+        m_manuale->Chiudi();
     evento->setAccepted(!annulla);
 }
 
@@ -735,6 +741,11 @@ void MDIForm1::mnuStrumentiCaratteri()
 void MDIForm1::mnuStrumentiOpzioni()
 {
     MostraFinestra(u"OpzioniForm1"_s);
+}
+
+void MDIForm1::mnuHelpManuale()
+{
+    m_manuale->Mostra();
 }
 
 void MDIForm1::mnuHelpAbout()

@@ -12,6 +12,7 @@
 #include <functional>
 #include <optional>
 
+class ComandoManuale;
 class QLineEdit;
 class QMdiArea;
 class QToolBar;
@@ -121,6 +122,7 @@ private:
     void mnuStrumentiCaratteri();
     void mnuStrumentiConversioni();
     void mnuStrumentiOpzioni();
+    void mnuHelpManuale();
     void mnuHelpAbout();
 
     void ModificaVoce(qint32 voce);
@@ -152,6 +154,7 @@ private:
     [[nodiscard]] QWidget *ControlloAttivo() const;
 
     QMdiArea *m_area;
+    ComandoManuale *m_manuale;
     /// The child window that was active last, also while the program is not in front.
     QPointer<QMdiSubWindow> m_ultimaAttiva;
     QToolBar *m_toolbar = nullptr;

@@ -78,8 +78,9 @@ bool GestoreTasti::eventFilter(QObject *oggetto, QEvent *evento)
     const auto eventi = static_cast<Eventi>(casella->property(Ascolto).toInt());
     switch (evento->type()) {
     case QEvent::ShortcutOverride: {
-        // A shortcut of the windows around it, such as the one that closes them, would take the key first.
-        const bool suo = Scartato(*static_cast<QKeyEvent *>(evento), eventi);
+        // A shortcut of the windows around it, such as the one that closes them or F1, would take the key first.
+        const auto &tasto = *static_cast<QKeyEvent *>(evento);
+        const bool suo = Scartato(tasto, eventi) || TastoDelDizionario(tasto, eventi);
         evento->setAccepted(suo);
         return suo;
     }
@@ -134,6 +135,13 @@ bool GestoreTasti::Scartato(const QKeyEvent &evento, Eventi eventi)
     const bool shift = (maschera & MascheraShift) != 0;
     return !SempreDellaCasella(evento) ||
            (eventi != Eventi::Nessuno && TastiRapidi::Definito(CodiceDi(evento), shift, true));
+}
+
+bool GestoreTasti::TastoDelDizionario(const QKeyEvent &evento, Eventi eventi)
+{
+    const quint8 maschera = Maschera(evento);
+    return eventi != Eventi::Nessuno && (maschera & MascheraAlt) == 0 &&
+           TastiRapidi::Definito(CodiceDi(evento), (maschera & MascheraShift) != 0, (maschera & MascheraCtrl) != 0);
 }
 
 void GestoreTasti::Rilasciato(const QKeyEvent &evento, QLineEdit *casella)

@@ -26,6 +26,8 @@ private:
     quint8 Maschera(const QKeyEvent &evento);
     /// Notes a Ctrl held, where presses count; true for a press that is not to reach the box.
     bool Scartato(const QKeyEvent &evento, Eventi eventi);
+    /// The dictionary has a hotkey on this key with what is held.
+    bool TastoDelDizionario(const QKeyEvent &evento, Eventi eventi);
     void Rilasciato(const QKeyEvent &evento, QLineEdit *casella);
 
     bool m_ctrlNotato = false;

@@ -164,6 +164,10 @@ bool TastiRapidiForm::eventFilter(QObject *oggetto, QEvent *evento)
     if (evento->type() == QEvent::FocusIn) {
         // Once the click that brought the focus has placed the caret.
         QMetaObject::invokeMethod(ui->txtTastoRapido, &QLineEdit::selectAll, Qt::QueuedConnection);
+    } else if (evento->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent *>(evento)->key() == Qt::Key_F1) {
+        // Here it is a key like any other.
+        evento->accept();
+        return true;
     } else if (evento->type() == QEvent::KeyRelease) {
         const auto &tasto = *static_cast<QKeyEvent *>(evento);
         const qint16 codice = CodiceDi(tasto);
