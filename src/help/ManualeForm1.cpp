@@ -27,19 +27,7 @@ ManualeForm1::ManualeForm1() : ui(std::make_unique<Ui::ManualeForm1>())
     setAttribute(Qt::WA_QuitOnClose, false);
     for (const PaginaManuale &pagina : ui->txtPagina->Pagine())
         ui->lstPagine->addItem(pagina.titolo);
-    const int lista = ui->lstPagine->sizeHintForColumn(0) + ui->lstPagine->verticalScrollBar()->sizeHint().width() +
-                      2 * ui->lstPagine->frameWidth();
-    const int carattere = fontMetrics().averageCharWidth();
-    constexpr int larghezzaTesto = 78;
-    constexpr int righe = 38;
-    resize(QSize(lista + larghezzaTesto * carattere, righe * fontMetrics().lineSpacing())
-               .boundedTo(screen()->availableSize() * 0.9));
-    // The text has the greater part also on a small screen, where long titles take two lines.
-    constexpr int parti = 3;
-    const int sinistra = std::min(lista, width() / parti);
-    ui->divisore->setSizes({sinistra, width() - sinistra});
-    ui->divisore->setStretchFactor(1, 1);
-
+    Disponi();
     Collega(ui->lstPagine, &QListWidget::currentRowChanged, this,
             [this](int riga) { ui->txtPagina->MostraPagina(riga); });
     Collega(ui->txtPagina, &QTextBrowser::sourceChanged, this, [this] {
@@ -55,6 +43,24 @@ ManualeForm1::ManualeForm1() : ui(std::make_unique<Ui::ManualeForm1>())
 }
 
 ManualeForm1::~ManualeForm1() = default;
+
+void ManualeForm1::Disponi()
+{
+    const int lista = ui->lstPagine->sizeHintForColumn(0) + ui->lstPagine->verticalScrollBar()->sizeHint().width() +
+                      2 * ui->lstPagine->frameWidth();
+    const int carattere = fontMetrics().averageCharWidth();
+    constexpr int larghezzaTesto = 78;
+    constexpr int righe = 38;
+    resize(QSize(lista + larghezzaTesto * carattere, righe * fontMetrics().lineSpacing())
+               .boundedTo(screen()->availableSize() * 0.9));
+    // The text has the greater part also on a small screen, where long titles take two lines.
+    constexpr int parti = 3;
+    constexpr int parola = 15;
+    ui->lstPagine->setMinimumWidth(std::min(lista, parola * carattere));
+    const int sinistra = std::clamp(width() / parti, ui->lstPagine->minimumWidth(), lista);
+    ui->divisore->setSizes({sinistra, width() - sinistra});
+    ui->divisore->setStretchFactor(1, 1);
+}
 
 void ManualeForm1::Tasti()
 {

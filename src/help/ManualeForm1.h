@@ -28,6 +28,7 @@ protected:
     void keyPressEvent(QKeyEvent *evento) override;
 
 private:
+    void Disponi();
     void Tasti();
     void Cerca();
     void SegueDialogo();
