@@ -56,7 +56,7 @@ void ManualeForm1::Disponi()
     // The text has the greater part also on a small screen, where long titles take two lines.
     constexpr int parti = 3;
     constexpr int parola = 15;
-    ui->lstPagine->setMinimumWidth(std::min(lista, parola * carattere));
+    ui->lstPagine->setMinimumWidth(std::min({lista, parola * carattere, width() * 2 / 5}));
     const int sinistra = std::clamp(width() / parti, ui->lstPagine->minimumWidth(), lista);
     ui->divisore->setSizes({sinistra, width() - sinistra});
     ui->divisore->setStretchFactor(1, 1);
