@@ -22,7 +22,7 @@ using Module1::stato;
 namespace
 {
 // Each window with the command that opens it.
-const std::array<std::pair<const char *, const char *>, 12> Finestre = {{
+const std::array<std::pair<const char *, const char *>, 13> Finestre = {{
     {"VisualizzaForm1", ""},
     {"InserimentoForm1", "mnuModificaAggiungi"},
     {"EsercizioForm1", "mnuEserciziCasuale"},
@@ -34,6 +34,7 @@ const std::array<std::pair<const char *, const char *>, 12> Finestre = {{
     {"proprietaForm1", "mnuFileProprieta"},
     {"OpzioniForm1", "mnuStrumentiOpzioni"},
     {"aboutForm1", "mnuHelpAbout"},
+    {"ManualeForm1", "mnuHelpManuale"},
     {"MDIForm1", ""},
 }};
 
@@ -51,8 +52,11 @@ struct Sala {
         const auto *trovata = std::find_if(Finestre.begin(), Finestre.end(),
                                            [&](const auto &questa) { return QLatin1String(questa.first) == finestra; });
         Apri(finestra, QString::fromLatin1(trovata->second));
-        form = finestra == banco.finestra->objectName() ? banco.finestra.get()
-                                                        : banco.finestra->findChild<QWidget *>(finestra);
+        form = banco.finestra->findChild<QWidget *>(finestra);
+        for (QWidget *sola : QApplication::topLevelWidgets()) {
+            if (sola->objectName() == finestra)
+                form = sola;
+        }
         QApplication::processEvents();
     }
 
@@ -205,17 +209,20 @@ void TestAccessibilita::ordineDelFuoco()
     tutti.removeIf([](const QWidget *questo) {
         return !(questo->focusPolicy() & Qt::TabFocus) || questo->focusProxy() || !questo->isEnabled();
     });
-    sala.banco.finestra->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(sala.banco.finestra.get()));
+    sala.form->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(sala.form->window()));
     if (finestra == "MDIForm1"_L1 || tutti.isEmpty())
         return;
     tutti.constFirst()->setFocus(Qt::TabFocusReason);
     QList<QWidget *> visitati;
-    for (qsizetype i = 0; i < 3 * tutti.size(); ++i) {
+    constexpr int molti = 200;
+    for (int i = 0; i < molti; ++i) {
         QWidget *ora = QApplication::focusWidget();
-        if (!ora || visitati.contains(ora))
+        // A text takes the key once for each of its links.
+        if (!ora || (visitati.contains(ora) && ora != visitati.constLast()))
             break;
-        visitati += ora;
+        if (!visitati.contains(ora))
+            visitati += ora;
         QTest::keyClick(ora, Qt::Key_Tab);
     }
     for (QWidget *controllo : tutti) {

@@ -221,7 +221,6 @@ void MDIForm1::CreaMenu()
     QMenu *aiuto = Menu(u"mnuHelp"_s, u"?"_s);
     QAction *manuale = Voce(aiuto, u"mnuHelpManuale"_s, u"Manuale"_s, &MDIForm1::mnuHelpManuale);
     manuale->setShortcut(Qt::Key_F1);
-    manuale->setStatusTip(u"Apre il manuale alla pagina della finestra attiva"_s);
     Voce(aiuto, u"mnuHelpAbout"_s, u"Informazioni su Varbel"_s, &MDIForm1::mnuHelpAbout);
 }
 
@@ -292,6 +291,7 @@ void MDIForm1::CreaAiuti()
         {u"mnuStrumentiInverti"_s, u"Scambia le due lingue"_s},
         {u"mnuStrumentiConversioni"_s, u"Aggiunge voci dalle righe di un file di testo"_s},
         {u"mnuStrumentiOpzioni"_s, u"Grandezza dei caratteri, suono degli errori, cartella di lavoro"_s},
+        {u"mnuHelpManuale"_s, u"Apre il manuale alla pagina della finestra attiva"_s},
         {u"mnuHelpAbout"_s, u"Versione, contatti e condizioni d'uso"_s},
     };
     for (const auto &[nome, aiuto] : aiuti) {
