@@ -50,13 +50,4 @@ void Memoria::EsigiLimite(qint64 letti, qint64 fissa, qint64 pezzi, qint64 ciasc
         Esigi(false, "memory in proportion to what is read");
     }
 }
-
-bool LineaTenuta(QStringView linea)
-{
-    bool ritornoVisto = false;
-    return std::none_of(linea.begin(), linea.end(), [&ritornoVisto](QChar c) {
-        ritornoVisto = ritornoVisto || c.cell() == 13;
-        return c.isNull() || c == QChar::ByteOrderMark || (ritornoVisto && c.cell() == 10);
-    });
-}
 } // namespace Sonda

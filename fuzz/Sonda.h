@@ -33,6 +33,4 @@ private:
     qint64 m_prima;
 };
 
-/// A stored line that a dictionary file can hold: all its units come back, and none ends it early.
-bool LineaTenuta(QStringView linea);
 } // namespace Sonda

@@ -84,7 +84,7 @@ void EsigiConvertite(const QByteArray &byte, const ImpostazioniConversione &impo
     CaricaDizionario(file, rilette);
     for (qint32 i = 0; i < esito.voci; ++i) {
         const QString &linea = RigaDi(s.Dizionario1, i)[2];
-        if (!LineaTenuta(linea))
+        if (!::LineaTenuta(linea))
             return;
         Esigi(RigaDi(rilette, i)[2] == linea + u'\r', "a converted line comes back");
     }

@@ -13,6 +13,9 @@
 namespace
 {
 int chiamate = 0;
+// The files that are open for writing, by number.
+constexpr int MassimoFile = 1024;
+bool scritti[MassimoFile] = {};
 int quale = 0;
 const char *guasto = "";
 
@@ -32,8 +35,9 @@ Sorte Prossima(bool scrittura)
         return Sorte::Meta;
     if (questa && scrittura && e("morte a meta"))
         return Sorte::Meta;
-    if ((questa && e("EIO")) || (chiamate >= quale && scrittura && e("ENOSPC"))) {
-        errno = e("EIO") ? EIO : ENOSPC;
+    if ((questa && e("EIO")) || (chiamate >= quale && e("EIO sempre")) ||
+        (chiamate >= quale && scrittura && e("ENOSPC"))) {
+        errno = e("ENOSPC") ? ENOSPC : EIO;
         return Sorte::Fallisce;
     }
     return Sorte::Riesce;
@@ -50,7 +54,10 @@ int Apri(const char *nome, int cartella, const char *percorso, int modo, mode_t 
     const bool scrive = (modo & (O_WRONLY | O_RDWR)) != 0;
     if (scrive && Prossima(false) == Sorte::Fallisce)
         return -1;
-    return Vera<int (*)(int, const char *, int, ...)>(nome)(cartella, percorso, modo, diritti);
+    const int file = Vera<int (*)(int, const char *, int, ...)>(nome)(cartella, percorso, modo, diritti);
+    if (file >= 0 && file < MassimoFile)
+        scritti[file] = scrive;
+    return file;
 }
 
 mode_t Diritti(int modo, va_list altri)
@@ -129,6 +136,21 @@ ssize_t write(int file, const void *byte, size_t quanti)
     default:
         return vera(file, byte, quanti);
     }
+}
+
+int close(int file)
+{
+    const auto vera = Vera<int (*)(int)>("close");
+    if (file < 0 || file >= MassimoFile || !scritti[file])
+        return vera(file);
+    scritti[file] = false;
+    const bool fallisce = Prossima(false) == Sorte::Fallisce;
+    const int motivo = errno;
+    const int esito = vera(file);
+    if (!fallisce)
+        return esito;
+    errno = motivo;
+    return -1;
 }
 
 int fsync(int file)

@@ -304,6 +304,8 @@ void TestConvertiForm1::inverte()
 #ifdef Q_OS_UNIX
     const CartellaProva prova;
     prova.Chiudi();
+    // The other user could not read it.
+    QVERIFY(QFile::remove(stato().PercorsoIni));
     const SenzaPrivilegi utente;
     dialoghi.file(prova.chiusa + u"/x.dic"_s);
     dialoghi.errore(u"Errore!"_s, u"Impossibile scrivere "_s + prova.chiusa);

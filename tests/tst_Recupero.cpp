@@ -77,6 +77,18 @@ private slots:
     void cambiatoDaAltri();
     void salvaConNome();
     void scritturaDelSecondo();
+    void rimandata();
+    void dopoUnSalvataggioFallito_data();
+    void dopoUnSalvataggioFallito();
+    void fileIlleggibile();
+    void nuovoScrittoDaAltri();
+    void serratureDiNessuno();
+    void altroPosto();
+    void sopraUnoApertoAltrove();
+    void legame();
+    void spezzate();
+    void erroreCheTermina();
+    void copiaDelSecondo();
 };
 
 void TestRecupero::copiaRiletta()
@@ -254,13 +266,13 @@ void TestRecupero::copiaImpossibile()
     QVERIFY2(banco.dialoghi.verifica(), qPrintable(banco.dialoghi.guasti()));
     banco.Comando(u"mnuFileSalva"_s);
     QCOMPARE(banco.Linee(banco.percorso).size(), 4);
+    // With room again there is a copy, also in a folder that has gone.
     QVERIFY(QFile::remove(cartella));
-    QVERIFY(QDir().mkdir(cartella));
     Interrotto::Aggiungi(u"lupo"_s, u"wolf"_s);
     QVERIFY(QDir(cartella).removeRecursively());
-    avviso();
     Interrotto::Aggiungi(u"orso"_s, u"bear"_s);
-    QVERIFY2(banco.dialoghi.verifica(), qPrintable(banco.dialoghi.guasti()));
+    QCOMPARE(banco.Copie().size(), 1);
+    QVERIFY(banco.dialoghi.verifica());
 }
 
 void TestRecupero::apertoDueVolte()
@@ -377,6 +389,251 @@ void TestRecupero::scritturaDelSecondo()
     Composizione::Scrivi();
     QVERIFY(banco.Copie().isEmpty());
     Composizione::Libera();
+}
+
+void TestRecupero::rimandata()
+{
+    // Escape puts the question off: only a clicked No gives the copy up.
+    Interrotto banco;
+    for (int volta = 0; volta < 2; ++volta) {
+        banco.dialoghi.altro([volta](QDialog *dialogo) {
+            const QList<QPushButton *> pulsanti = dialogo->findChildren<QPushButton *>();
+            QCOMPARE(std::count_if(pulsanti.cbegin(), pulsanti.cend(), [](auto *p) { return p->isVisible(); }), 2);
+            volta == 0 ? QTest::keyClick(dialogo, Qt::Key_Escape) : void(dialogo->close());
+        });
+        banco.Apri(banco.percorso);
+        QVERIFY2(banco.dialoghi.verifica(), qPrintable(banco.dialoghi.guasti()));
+        QVERIFY(!stato().DizionarioAperto);
+        QCOMPARE(banco.Copie().size(), 1);
+    }
+    QVERIFY(banco.Chiedi(QMessageBox::Yes).startsWith(u"Copia: 3 voci"_s));
+}
+
+void TestRecupero::dopoUnSalvataggioFallito_data()
+{
+    QTest::addColumn<bool>("conAltroNome");
+    QTest::newRow("salva") << false;
+    QTest::newRow("salva con nome, per un altro verso") << true;
+}
+
+void TestRecupero::dopoUnSalvataggioFallito()
+{
+    QFETCH(const bool, conAltroNome);
+    Interrotto banco;
+    banco.Chiedi(QMessageBox::No);
+    // The old file is deleted, then a folder takes its place.
+    banco.finestra.reset();
+    Module1::Azzera();
+    banco.Avvia();
+    banco.Apri(banco.percorso);
+    const QString legame = banco.File(u"altrove"_s);
+    QVERIFY(QFile::link(banco.cartella.path(), legame));
+    const QString ini = banco.File(u"a.ini"_s);
+    QVERIFY(QFile::remove(ini) && QDir().mkdir(ini));
+    const auto fallisce = [&] {
+        banco.dialoghi.altro([](QDialog *dialogo) {
+            QVERIFY(qobject_cast<QMessageBox *>(dialogo)->text().startsWith(u"Impossibile salvare "_s));
+            dialogo->accept();
+        });
+    };
+    if (conAltroNome) {
+        banco.dialoghi.file(legame + u"/a.dic"_s);
+        banco.dialoghi.altro([](QDialog *box) { qobject_cast<QMessageBox *>(box)->button(QMessageBox::Yes)->click(); });
+        fallisce();
+        banco.Comando(u"mnuFileSalvaConNome"_s);
+    } else {
+        fallisce();
+        banco.Comando(u"mnuFileSalva"_s);
+    }
+    QVERIFY2(banco.dialoghi.verifica(), qPrintable(banco.dialoghi.guasti()));
+    QVERIFY(stato().Modificato);
+    // No gives the changes up, not what the file has lost.
+    QVERIFY(QFile::remove(banco.percorso) && QDir().rmdir(ini));
+    banco.dialoghi.altro([](QDialog *box) { qobject_cast<QMessageBox *>(box)->button(QMessageBox::No)->click(); });
+    banco.Comando(u"mnuFileChiudi"_s);
+    QVERIFY(banco.dialoghi.verifica());
+    QVERIFY(banco.Chiedi(QMessageBox::Yes).startsWith(u"Copia: 2 voci"_s));
+    banco.Comando(u"mnuFileSalva"_s);
+    QCOMPARE(Banco::Linee(banco.percorso).size(), 2);
+    QVERIFY(banco.Copie().isEmpty());
+}
+
+void TestRecupero::fileIlleggibile()
+{
+    Interrotto banco;
+    QVERIFY(QFile::remove(banco.percorso) && QDir().mkdir(banco.percorso));
+    banco.dialoghi.altro([](QDialog *box) { qobject_cast<QMessageBox *>(box)->button(QMessageBox::Yes)->click(); });
+    banco.Apri(banco.percorso);
+    QVERIFY2(banco.dialoghi.verifica(), qPrintable(banco.dialoghi.guasti()));
+    QCOMPARE(banco.Parole(1).size(), 3);
+    banco.dialoghi.file(banco.File(u"b.dic"_s));
+    banco.Comando(u"mnuFileSalvaConNome"_s);
+    QVERIFY2(banco.dialoghi.verifica(), qPrintable(banco.dialoghi.guasti()));
+    QCOMPARE(Banco::Linee(banco.File(u"b.dic"_s)).size(), 3);
+    QVERIFY(banco.Copie().isEmpty());
+}
+
+void TestRecupero::nuovoScrittoDaAltri()
+{
+    Dialoghi dialoghi;
+    const Banco banco;
+    const QString nuovo = banco.File(u"n.dic"_s);
+    dialoghi.file(nuovo);
+    banco.Comando(u"mnuFileNuovo"_s);
+    Interrotto::Aggiungi(u"gatto"_s, u"cat"_s);
+    ScriviInPosto(nuovo, QByteArray("x\0", 2));
+    dialoghi.altro([](QDialog *box) { qobject_cast<QMessageBox *>(box)->button(QMessageBox::No)->click(); });
+    banco.Comando(u"mnuFileChiudi"_s);
+    QVERIFY2(dialoghi.verifica(), qPrintable(dialoghi.guasti()));
+    QCOMPARE(ByteDelFile(nuovo), QByteArray("x\0", 2));
+}
+
+void TestRecupero::serratureDiNessuno()
+{
+    // Made by a program that ended before it had said whose it is.
+    Interrotto banco;
+    const QString serratura = banco.cartella.filePath(u"stato/varbel/"_s + banco.Copie().first() + u".lock"_s);
+    ScriviInPosto(serratura, QByteArray());
+    QFile file(serratura);
+    QVERIFY(file.open(QIODevice::ReadWrite) &&
+            file.setFileTime(QDateTime::currentDateTime().addDays(-1), QFileDevice::FileModificationTime));
+    file.close();
+    QVERIFY(banco.Chiedi(QMessageBox::Yes).startsWith(u"Copia: 3 voci"_s));
+    // A place that is free again hides no other program.
+    auto primo = std::make_unique<Recupero>(banco.File(u"z.dic"_s));
+    const Recupero secondo(banco.File(u"z.dic"_s));
+    primo.reset();
+    QVERIFY(Recupero(banco.File(u"z.dic"_s)).ApertoAltrove());
+}
+
+void TestRecupero::altroPosto()
+{
+    // A copy taken from another place than its successor's does not outlive the save.
+    Interrotto banco;
+    const QDir cartella(banco.cartella.filePath(u"stato/varbel"_s));
+    const QString copia = cartella.filePath(banco.Copie().first());
+    QVERIFY(QFile::rename(copia, copia.chopped(5) + u"2.txt"_s));
+    QVERIFY(banco.Chiedi(QMessageBox::Yes).startsWith(u"Copia: 3 voci"_s));
+    QCOMPARE(banco.Copie(), QStringList(QFileInfo(copia).fileName()));
+    // The way to a dictionary that has gone: its copy is found by the dictionary's name.
+    banco.Avvia();
+    QVERIFY(QFile::rename(copia, cartella.filePath(u"a.dic-0000000000000000-1.txt"_s)) &&
+            QFile::remove(banco.percorso));
+    QVERIFY(banco.Chiedi(QMessageBox::Yes).startsWith(u"Copia: 3 voci"_s));
+}
+
+void TestRecupero::sopraUnoApertoAltrove()
+{
+    Interrotto banco;
+    banco.Chiedi(QMessageBox::No);
+    const QString altrui = banco.Dizionario(u"b.dic"_s, {u"@uno@one@"_s});
+    const Recupero altro(altrui);
+    const auto domanda = [&](const QString &fine) {
+        banco.dialoghi.casella(u"Attenzione!"_s,
+                               u"Il dizionario "_s + altrui +
+                                   u" è già aperto in un altro Varbel: ciò che si salva da una parte può andare perso "
+                                   u"dall'altra.\n"_s +
+                                   fine,
+                               QMessageBox::Warning, QMessageBox::No);
+    };
+    const auto si = [](QDialog *box) { qobject_cast<QMessageBox *>(box)->button(QMessageBox::Yes)->click(); };
+    const QByteArray prima = ByteDelFile(altrui);
+    for (const auto &[comando, fine] : {std::pair(u"mnuFileSalvaConNome"_s, u"Salvare lo stesso?"_s),
+                                        std::pair(u"mnuStrumentiInverti"_s, u"Sostituirlo lo stesso?"_s),
+                                        std::pair(u"mnuStrumentiComponi"_s, u"Aprirlo lo stesso?"_s)}) {
+        banco.dialoghi.file(altrui);
+        if (comando != u"mnuStrumentiComponi"_s)
+            banco.dialoghi.altro(si);
+        domanda(fine);
+        banco.Comando(comando);
+        QVERIFY2(banco.dialoghi.verifica(), qPrintable(banco.dialoghi.guasti()));
+        QCOMPARE(ByteDelFile(altrui), prima);
+        QCOMPARE(stato().PercorsoDizionario, banco.percorso);
+    }
+}
+
+void TestRecupero::legame()
+{
+#ifdef Q_OS_UNIX
+    Interrotto banco;
+    const QString legame = banco.File(u"legame.dic"_s);
+    QVERIFY(QFile::link(banco.percorso, legame));
+    QFile::copy(banco.File(u"a.ini"_s), banco.File(u"legame.ini"_s));
+    const QString vero = std::exchange(banco.percorso, legame);
+    // The copy is the same one's, under the name that it was made for.
+    banco.dialoghi.altro([](QDialog *box) { qobject_cast<QMessageBox *>(box)->button(QMessageBox::Yes)->click(); });
+    banco.Apri(legame);
+    QVERIFY2(banco.dialoghi.verifica(), qPrintable(banco.dialoghi.guasti()));
+    banco.Comando(u"mnuFileSalva"_s);
+    QVERIFY(QFileInfo(legame).isSymbolicLink());
+    QCOMPARE(Banco::Linee(vero).size(), 3);
+#endif
+}
+
+void TestRecupero::spezzate()
+{
+    // A line with its old end in front, and a letter that the reader takes for the new one.
+    Interrotto banco;
+    banco.Chiedi(QMessageBox::No);
+    Interrotto::Aggiungi(u"\rЊ"_s, u"nj"_s);
+    banco.dialoghi.altro([](QDialog *dialogo) {
+        QVERIFY(qobject_cast<QMessageBox *>(dialogo)->text().contains(u"spezzerà 1 voci"_s));
+        dialogo->accept();
+    });
+    banco.Comando(u"mnuFileSalva"_s);
+    QVERIFY2(banco.dialoghi.verifica(), qPrintable(banco.dialoghi.guasti()));
+    QVERIFY(!stato().Modificato);
+    banco.Comando(u"mnuFileChiudi"_s);
+    QVERIFY(banco.Chiedi(QMessageBox::Yes).startsWith(u"Copia: 3 voci"_s));
+    QVERIFY(banco.Parole(1).contains(u"\rЊ"_s));
+}
+
+void TestRecupero::erroreCheTermina()
+{
+    // Only the memory still has the entries.
+    Interrotto banco;
+    banco.Chiedi(QMessageBox::No);
+    QVERIFY(QFile::remove(banco.percorso));
+    banco.dialoghi.altro([](QDialog *dialogo) { dialogo->accept(); });
+    QCOMPARE(banco.Fine([] { Protetto(nullptr, [] { throw ErroreRuntime(53, {}, true); }); }), 1);
+    QCOMPARE(banco.Copie().size(), 1);
+    banco.Avvia();
+    QVERIFY(banco.Chiedi(QMessageBox::Yes).startsWith(u"Copia: 2 voci"_s));
+    // A close asks too.
+    QVERIFY(QFile::remove(banco.percorso));
+    stato().Modificato = false;
+    banco.dialoghi.casella(u"Salvare?"_s, u"Il dizionario "_s + banco.percorso + u" è stato modificato. Salvare?"_s,
+                           QMessageBox::Question, QMessageBox::Yes);
+    banco.Comando(u"mnuFileChiudi"_s);
+    QVERIFY2(banco.dialoghi.verifica(), qPrintable(banco.dialoghi.guasti()));
+    QCOMPARE(Banco::Linee(banco.percorso).size(), 2);
+}
+
+void TestRecupero::copiaDelSecondo()
+{
+    // What is composed has a copy before it is written; while one waits for an answer nothing is composed over it.
+    Interrotto banco;
+    banco.Chiedi(QMessageBox::No);
+    const QString secondo = banco.Dizionario(u"b.dic"_s, {u"@uno@one@"_s});
+    banco.dialoghi.file(secondo);
+    banco.Comando(u"mnuStrumentiComponi"_s);
+    banco.Trova<QPushButton>("ComponiForm1", "cmdAllto2")->click();
+    QVERIFY2(banco.dialoghi.verifica(), qPrintable(banco.dialoghi.guasti()));
+    Composizione::AggiornaCopia();
+    const QStringList copie = banco.Copie().filter(u"b.dic"_s);
+    QCOMPARE(copie.size(), 1);
+    const QByteArray copia = ByteDelFile(banco.cartella.filePath(u"stato/varbel/"_s + copie.first()));
+    banco.dialoghi.altro([](QDialog *box) { qobject_cast<QMessageBox *>(box)->button(QMessageBox::No)->click(); });
+    banco.ChiudiFiglie();
+    QVERIFY2(banco.dialoghi.verifica(), qPrintable(banco.dialoghi.guasti()));
+    QVERIFY(banco.Copie().filter(u"b.dic"_s).isEmpty());
+
+    ScriviInPosto(banco.cartella.filePath(u"stato/varbel/"_s + copie.first()), copia);
+    banco.dialoghi.file(secondo);
+    banco.dialoghi.errore(u"Errore!"_s, u"Impossibile leggere il dizionario "_s + secondo + u".\nNe è stata trovata"_s);
+    banco.Comando(u"mnuStrumentiComponi"_s);
+    QVERIFY2(banco.dialoghi.verifica(), qPrintable(banco.dialoghi.guasti()));
+    QVERIFY(!banco.Aperta("ComponiForm1"));
 }
 
 QTEST_MAIN(TestRecupero)

@@ -34,9 +34,10 @@ int main(int argc, char *argv[])
     Documento::Carica();
     AggiungiVoce({u"nuova"_s, u"new"_s, u"@nuova@new@"_s});
     Documento::AggiornaCopia();
-    if (che == u"componi"_s) {
+    if (che.startsWith(u"componi"_s)) {
         Composizione::Leggi(QDir::current().filePath(u"b.dic"_s));
         Composizione::CopiaTutto1in2();
+        Composizione::AggiornaCopia();
     }
     int esito = 0;
     guasti_inizio();
@@ -44,8 +45,11 @@ int main(int argc, char *argv[])
         if (che == u"modifica"_s) {
             AggiungiVoce({u"altra"_s, u"other"_s, u"@altra@other@"_s});
             Documento::AggiornaCopia();
-        } else if (che == u"componi"_s) {
+        } else if (che.startsWith(u"componi"_s)) {
             Composizione::Scrivi();
+        } else if (che == u"apri"_s) {
+            // The next start of the same program.
+            Documento::Occupa();
         } else {
             Documento::Salva();
         }
@@ -54,6 +58,11 @@ int main(int argc, char *argv[])
                               [&esito](const ErroreRuntime &) { esito = 3; });
     } catch (const ErroreRuntime &) {
         esito = 3;
+    }
+    // The user lets go what could not be saved.
+    if (esito == 3 && che.endsWith(u"poi No"_s)) {
+        Composizione::Libera();
+        Documento::Rinuncia();
     }
     std::printf("%d\n", guasti_fine());
     static_cast<void>(std::fflush(stdout));

@@ -135,7 +135,8 @@ private:
     bool Occupa(std::optional<CopiaRecupero> &copia);
     bool ChiediOccupa(std::optional<CopiaRecupero> &copia);
     void ApriFile(bool soloConCopia);
-    bool ChiediRecupero(const CopiaRecupero &copia);
+    bool ChiediAltrove(const QString &percorso, const QString &domanda);
+    QMessageBox::StandardButton ChiediRecupero(const CopiaRecupero &copia);
     void MostraDizionario(const std::optional<CopiaRecupero> &copia);
     void AggiornaTastiRapidi();
     void AggiornaOpzioni();

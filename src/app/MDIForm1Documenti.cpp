@@ -152,6 +152,8 @@ void MDIForm1::mnuFileNuovo()
     if (!Occupa(copia)) {
         s.recupero.reset();
         s.PercorsoDizionario.clear();
+        if (!esisteva)
+            QFile::remove(dlg.nomeFile);
         return;
     }
     servizi().dlgFile.nomeFile = dlg.nomeFile;
@@ -253,7 +255,14 @@ void MDIForm1::ApriFile(bool soloConCopia)
     StatoAperto();
     s.PercorsoIni = PercorsoIniLetto(s.PercorsoDizionario);
     std::optional<CopiaRecupero> copia;
-    if (!Occupa(copia) || (soloConCopia && !copia)) {
+    bool occupato = false;
+    try {
+        occupato = Occupa(copia);
+    } catch (...) {
+        Chiudi();
+        throw;
+    }
+    if (!occupato || (soloConCopia && !copia)) {
         Chiudi();
         return;
     }
@@ -282,16 +291,22 @@ bool MDIForm1::Occupa(std::optional<CopiaRecupero> &copia)
     }
 }
 
+bool MDIForm1::ChiediAltrove(const QString &percorso, const QString &domanda)
+{
+    return Messaggio(
+               this, QMessageBox::Warning, u"Attenzione!"_s,
+               u"Il dizionario "_s + percorso +
+                   u" è già aperto in un altro Varbel: ciò che si salva da una parte può andare perso dall'altra.\n"_s +
+                   domanda,
+               QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+}
+
 bool MDIForm1::ChiediOccupa(std::optional<CopiaRecupero> &copia)
 {
     Documento::Occupa();
-    const Module1::Stato &s = stato();
-    if (s.recupero->ApertoAltrove() &&
-        Messaggio(this, QMessageBox::Warning, u"Attenzione!"_s,
-                  u"Il dizionario "_s + s.PercorsoDizionario +
-                      u" è già aperto in un altro Varbel: ciò che si salva da una parte può andare perso dall'altra.\n"
-                      u"Aprirlo lo stesso?"_s,
-                  QMessageBox::Yes | QMessageBox::No) != QMessageBox::Yes)
+    servizi().copiaFallita = false;
+    Module1::Stato &s = stato();
+    if (s.recupero->ApertoAltrove() && !ChiediAltrove(s.PercorsoDizionario, u"Aprirlo lo stesso?"_s))
         return false;
     for (const QString &file : s.recupero->Trovate()) {
         try {
@@ -301,17 +316,27 @@ bool MDIForm1::ChiediOccupa(std::optional<CopiaRecupero> &copia)
                       u"Impossibile leggere la copia di recupero "_s + file + u".\n"_s + errore.testo);
             continue;
         }
-        if (ChiediRecupero(*copia)) {
-            Documento::CreaMancante();
+        const auto risposta = ChiediRecupero(*copia);
+        if (risposta == QMessageBox::Yes) {
+            s.recupero->Sostituisce(file);
+            s.DaCopia = true;
+            try {
+                Documento::CreaMancante();
+            } catch (const ErroreRuntime &errore) {
+                Messaggio(this, QMessageBox::Warning, u"Recupero"_s,
+                          errore.testo + u"\nLe voci recuperate si possono salvare con un altro nome."_s);
+            }
             return true;
         }
         copia.reset();
+        if (risposta != QMessageBox::No)
+            return false;
         QFile::remove(file);
     }
     return true;
 }
 
-bool MDIForm1::ChiediRecupero(const CopiaRecupero &copia)
+QMessageBox::StandardButton MDIForm1::ChiediRecupero(const CopiaRecupero &copia)
 {
     const QString &percorso = stato().PercorsoDizionario;
     QString domanda = u"È stata trovata una copia di recupero del dizionario "_s + percorso + u".\n"_s;
@@ -331,8 +356,7 @@ bool MDIForm1::ChiediRecupero(const CopiaRecupero &copia)
         if (adesso != copia.dizionario)
             domanda += u"Il file è cambiato dopo la copia.\n"_s;
     }
-    return Messaggio(this, QMessageBox::Question, u"Recupero"_s, domanda + u"Recuperarla?"_s,
-                     QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+    return DomandaRinviabile(this, u"Recupero"_s, domanda + u"Recuperarla?"_s);
 }
 
 void MDIForm1::mnuFileRecente(std::size_t i)
@@ -353,9 +377,14 @@ bool MDIForm1::SalvaDocumento()
                                          u"Sostituirlo?"_s,
                                      QMessageBox::Yes | QMessageBox::No) != QMessageBox::Yes)
         return false;
+    if (s.recupero && s.recupero->percorso() != s.PercorsoDizionario &&
+        QFileInfo(s.recupero->percorso()) != QFileInfo(s.PercorsoDizionario) &&
+        Recupero(s.PercorsoDizionario).ApertoAltrove() && !ChiediAltrove(s.PercorsoDizionario, u"Salvare lo stesso?"_s))
+        return false;
     s.NuovoDizionario = false;
+    qint32 spezzate = 0;
     try {
-        Documento::Salva();
+        spezzate = Documento::Salva();
     } catch (const std::exception &eccezione) {
         const auto *errore = dynamic_cast<const ErroreRuntime *>(&eccezione);
         // What stands on the disk now may be less than what is in memory; also a new dictionary can go elsewhere.
@@ -367,6 +396,8 @@ bool MDIForm1::SalvaDocumento()
                       u"\nLe voci restano nel programma: liberare spazio o salvare con un altro nome."_s);
         return false;
     }
+    if (spezzate > 0)
+        AvvisaSpezzate(this, s.PercorsoDizionario, spezzate);
     return true;
 }
 
@@ -388,10 +419,10 @@ void MDIForm1::mnuFileSalvaConNome()
         s.PercorsoDizionario = dlg.nomeFile;
     if (!SalvaDocumento()) {
         // The dictionary under its own name is untouched by what happened to the other one.
-        if (s.PercorsoDizionario != percorso) {
+        if (s.PercorsoDizionario != percorso && !s.FileRotto) {
             s.Modificato = modificato;
             if (!modificato)
-                s.recupero->Togli();
+                Documento::Rinuncia();
         }
         s.PercorsoDizionario = percorso;
         s.PercorsoIni = ini;
@@ -412,14 +443,16 @@ void MDIForm1::mnuFileStampa()
 void MDIForm1::simulachiusura(bool &annulla)
 {
     Module1::Stato &s = stato();
-    if (s.Modificato) {
+    // A file that has gone leaves the entries in the program alone.
+    if (s.Modificato || !QFileInfo::exists(s.PercorsoDizionario)) {
         const auto risposta = Messaggio(this, QMessageBox::Question, u"Salvare?"_s,
                                         u"Il dizionario "_s + s.PercorsoDizionario + u" è stato modificato. Salvare?"_s,
                                         QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
         if (risposta == QMessageBox::No) {
-            if (s.NuovoDizionario && m_fileCreato)
+            // Unless somebody else has written it since.
+            if (s.NuovoDizionario && m_fileCreato && QFileInfo(s.PercorsoDizionario).size() == 0)
                 QFile::remove(s.PercorsoDizionario);
-            s.recupero->Togli();
+            Documento::Rinuncia();
             s.Modificato = false;
         } else if (risposta != QMessageBox::Yes || !SalvaDocumento()) {
             annulla = true;

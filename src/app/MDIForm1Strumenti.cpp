@@ -4,6 +4,7 @@
 #include "app/MDIForm1.h"
 #include "app/Protezione.h"
 #include "app/Servizi.h"
+#include "core/Recupero.h"
 #include "edit/VisualizzaForm1.h"
 #include "tools/ComponiForm1.h"
 #include "tools/Composizione.h"
@@ -80,6 +81,11 @@ void MDIForm1::mnuStrumentiComponi()
         errore.testo = u"Impossibile leggere il dizionario "_s + secondo + u".\n"_s + errore.testo;
         throw;
     }
+    if (QFileInfo(secondo) != QFileInfo(stato().PercorsoDizionario) && Composizione::ApertoAltrove() &&
+        !ChiediAltrove(secondo, u"Aprirlo lo stesso?"_s)) {
+        Composizione::Libera();
+        return;
+    }
     Mostra<ComponiForm1>();
 }
 
@@ -101,14 +107,13 @@ void MDIForm1::mnuStrumentiInverti()
                                                u"Il file "_s + scelto + u" esiste già. Sostituirlo?"_s,
                                                QMessageBox::Yes | QMessageBox::No) != QMessageBox::Yes)
         return;
-    try {
-        ScriviInvertito(scelto);
-    } catch (const ErroreRuntime &errore) {
-        Messaggio(this, QMessageBox::Critical, u"Errore!"_s,
-                  u"Impossibile scrivere "_s + scelto + u".\n"_s + errore.testo);
+    if (QFileInfo(scelto) != QFileInfo(stato().PercorsoDizionario) && Recupero(scelto).ApertoAltrove() &&
+        !ChiediAltrove(scelto, u"Sostituirlo lo stesso?"_s))
         return;
-    }
+    const qint32 spezzate = ScriviInvertito(scelto);
     Messaggio(this, QMessageBox::Information, u"Salvataggio"_s, u"Salvataggio completato di "_s + scelto);
+    if (spezzate > 0)
+        AvvisaSpezzate(this, scelto, spezzate, false);
 }
 
 void MDIForm1::mnuStrumentiConversioni()

@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/Protezione.h"
 
+#include "core/Documento.h"
+
 #include <QCoreApplication>
+#include <QPushButton>
 
 #include <cstdio>
 
@@ -18,6 +21,19 @@ QMessageBox::StandardButton Messaggio(QWidget *genitore, QMessageBox::Icon icona
     return static_cast<QMessageBox::StandardButton>(casella.exec());
 }
 
+QMessageBox::StandardButton DomandaRinviabile(QWidget *genitore, const QString &titolo, const QString &testo)
+{
+    QMessageBox casella(QMessageBox::Question, titolo, QString(), QMessageBox::Yes | QMessageBox::No,
+                        genitore ? genitore->window() : nullptr);
+    casella.setTextFormat(Qt::PlainText);
+    casella.setText(testo);
+    // The toolkit takes No for the escape button otherwise.
+    QPushButton *rinvio = casella.addButton(QMessageBox::Cancel);
+    casella.setEscapeButton(rinvio);
+    rinvio->hide();
+    return static_cast<QMessageBox::StandardButton>(casella.exec());
+}
+
 bool &ProgrammaTerminato()
 {
     static bool terminato = false;
@@ -30,7 +46,12 @@ void SegnalaErrore(QWidget *genitore, const ErroreRuntime &errore)
         Messaggio(genitore, QMessageBox::Critical, u"Errore!"_s, errore.testo);
         return;
     }
-    const QString testo = u"Errore di run-time '%1': "_s.arg(errore.numero) + errore.testo;
+    QString testo = u"Errore di run-time '%1': "_s.arg(errore.numero) + errore.testo;
+    try {
+        Documento::AggiornaCopiaAllaFine();
+    } catch (const ErroreRuntime &copia) {
+        testo += u"\nImpossibile scrivere la copia di recupero.\n"_s + copia.testo;
+    }
     static_cast<void>(std::fputs((testo + u'\n').toLocal8Bit().constData(), stderr));
     ProgrammaTerminato() = true;
     Messaggio(genitore, QMessageBox::Critical, u"Varbel"_s, testo);

@@ -15,8 +15,11 @@
 QMessageBox::StandardButton Messaggio(QWidget *genitore, QMessageBox::Icon icona, const QString &titolo,
                                       const QString &testo, QMessageBox::StandardButtons pulsanti = QMessageBox::Ok);
 
+/// The same as a question of Yes and No that can be put off: the escape key, or closing the box, gives Cancel.
+QMessageBox::StandardButton DomandaRinviabile(QWidget *genitore, const QString &titolo, const QString &testo);
+
 /// Shows a run-time error. One that ends the program is also written on the standard error, and the event loop then
-/// ends with exit code 1.
+/// ends with exit code 1; what was unsaved is in the recovery copy.
 void SegnalaErrore(QWidget *genitore, const ErroreRuntime &errore);
 
 /// What is said when the memory does not suffice.

@@ -65,10 +65,14 @@ void SegnaModificato()
     Module1::stato().Modificato = true;
     if (servizi().mnuFileSalva)
         servizi().mnuFileSalva->setEnabled(true);
-    if (!Module1::stato().DizionarioAperto)
-        return;
+    if (Module1::stato().DizionarioAperto)
+        TentaCopia(Documento::AggiornaCopia);
+}
+
+void TentaCopia(const std::function<void()> &aggiorna)
+{
     try {
-        Documento::AggiornaCopia();
+        aggiorna();
         servizi().copiaFallita = false;
     } catch (const ErroreRuntime &errore) {
         if (!std::exchange(servizi().copiaFallita, true))
@@ -76,6 +80,15 @@ void SegnaModificato()
                       u"Impossibile scrivere la copia di recupero.\n"_s + errore.testo +
                           u"\nLe voci restano nel programma: conviene salvare il dizionario."_s);
     }
+}
+
+void AvvisaSpezzate(QWidget *finestra, const QString &file, qint32 voci, bool conCopia)
+{
+    Messaggio(finestra, QMessageBox::Warning, u"Attenzione!"_s,
+              u"Il file "_s + file +
+                  u" è scritto, ma alla riapertura spezzerà %1 voci, per i caratteri che contengono.\n"_s.arg(voci) +
+                  (conCopia ? u"Resta una copia di recupero, che le ha intere: alla riapertura conviene prenderla."_s
+                            : u"Nel dizionario aperto sono intere."_s));
 }
 
 int Pixel(int twip)

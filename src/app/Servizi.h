@@ -10,6 +10,7 @@
 #include <QWidget>
 
 #include <array>
+#include <functional>
 
 class QAction;
 class QFocusEvent;
@@ -33,6 +34,12 @@ Servizi &servizi();
 
 /// Sets the modified flag, enables the save command and brings the recovery copy up to date.
 void SegnaModificato();
+
+/// Runs what brings a recovery copy up to date; a failure is told once for as long as it lasts.
+void TentaCopia(const std::function<void()> &aggiorna);
+
+/// Tells that a file just written will not give back that many entries as they are, and whether a copy has them.
+void AvvisaSpezzate(QWidget *finestra, const QString &file, qint32 voci, bool conCopia = true);
 
 /// A length in twips as device-independent pixels, halves to even.
 int Pixel(int twip);

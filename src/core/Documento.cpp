@@ -9,6 +9,7 @@
 #include "edit/Ordinamento.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 #include <algorithm>
 
@@ -32,6 +33,8 @@ void Occupa()
     // The place that was held is let go first, lest it seem another program's.
     stato().recupero.reset();
     stato().recupero = std::make_shared<Recupero>(stato().PercorsoDizionario);
+    stato().FileRotto = false;
+    stato().DaCopia = false;
     NotaFile();
 }
 
@@ -61,7 +64,13 @@ QString CambiatoDaAltri()
 void Carica()
 {
     Module1::Stato &s = stato();
-    s.LenDizionario1 = CaricaDizionario(s.PercorsoDizionario, s.Dizionario1);
+    try {
+        s.LenDizionario1 = CaricaDizionario(s.PercorsoDizionario, s.Dizionario1);
+    } catch (const ErroreRuntime &) {
+        if (!s.DaCopia)
+            throw;
+        s.LenDizionario1 = 0;
+    }
     OrdinaStringhe(s.Dizionario1, s.LenDizionario1);
 }
 
@@ -95,7 +104,7 @@ void AggiornaCopia()
         s.recupero->Scrivi(s.FileDizionario, ScriviIni(s.impostazioni), s.Dizionario1, s.LenDizionario1);
 }
 
-void Salva()
+qint32 Salva()
 {
     Module1::Stato &s = stato();
     bool conCopia = true;
@@ -106,18 +115,21 @@ void Salva()
         conCopia = false;
     }
     const QString ini = PercorsoIniScritto(s.PercorsoDizionario);
-    const bool altroNome = s.recupero && s.recupero->percorso() != s.PercorsoDizionario;
-    const auto scrivi = [altroNome](const QString &percorso, const auto &funzione) {
+    // The same file by another way is not another one.
+    const bool altro = s.recupero && s.recupero->percorso() != s.PercorsoDizionario &&
+                       QFileInfo(s.recupero->percorso()) != QFileInfo(s.PercorsoDizionario);
+    const auto scrivi = [altro](const QString &percorso, const auto &funzione) {
         try {
             funzione();
         } catch (ErroreRuntime &errore) {
             // What stands there now is ours, whole or not.
-            if (!altroNome)
+            if (!altro)
                 NotaFile();
             errore.testo = u"Impossibile salvare "_s + percorso + u".\n"_s + errore.testo;
             throw;
         }
     };
+    s.FileRotto = s.FileRotto || (conCopia && !altro);
     scrivi(s.PercorsoDizionario,
            [&] { SalvaDizionario(s.PercorsoDizionario, s.Dizionario1, s.LenDizionario1, conCopia); });
     s.PercorsoIni = ini;
@@ -126,12 +138,38 @@ void Salva()
         conCopia ? ScriviInPosto(ini, byte) : ScriviIntero(ini, byte);
     });
     NotaFile();
+    s.FileRotto = false;
     s.Modificato = false;
+    const qint32 spezzate = ContaSpezzate(s.Dizionario1, s.LenDizionario1);
     if (!s.recupero)
-        return;
-    s.recupero->Togli();
-    if (altroNome)
-        s.recupero = std::make_shared<Recupero>(s.PercorsoDizionario);
+        return spezzate;
+    const bool altrove = s.recupero->percorso() != s.PercorsoDizionario;
+    if (altrove || spezzate == 0)
+        s.recupero->Togli();
+    if (!altrove)
+        return spezzate;
+    // The new name's copy from now on; what was kept for the file that it has replaced is of no use.
+    s.recupero.reset();
+    s.recupero = std::make_shared<Recupero>(s.PercorsoDizionario);
+    for (const QString &copia : s.recupero->Trovate())
+        QFile::remove(copia);
+    if (spezzate > 0)
+        AggiornaCopia();
+    return spezzate;
+}
+
+void Rinuncia()
+{
+    const Module1::Stato &s = stato();
+    if (s.recupero && !s.FileRotto)
+        s.recupero->Togli();
+}
+
+void AggiornaCopiaAllaFine()
+{
+    const Module1::Stato &s = stato();
+    if (s.DizionarioAperto && (s.Modificato || !QFileInfo::exists(s.PercorsoDizionario)))
+        AggiornaCopia();
 }
 
 void Chiudi(const QString &fileVarbel, const QString &cartella,

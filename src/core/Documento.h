@@ -22,7 +22,8 @@ void CreaMancante();
 /// it was read or saved here; empty when none. A file that has gone is not one.
 QString CambiatoDaAltri();
 
-/// Reads the dictionary's file into the main table, sorted. ErroreRuntime 53, 57, 70 or 75.
+/// Reads the dictionary's file into the main table, sorted. ErroreRuntime 53, 57, 70 or 75, unless a copy brings the
+/// entries.
 void Carica();
 
 /// Takes the settings of a copy into the state, when they can be read.
@@ -35,9 +36,17 @@ void Prendi(const CopiaRecupero &copia);
 void AggiornaCopia();
 
 /// Saves the dictionary, then its companion file, under the state's path, which may be new. The recovery copy is up to
-/// date before anything is deleted and goes at the end. ErroreRuntime as `ScriviInPosto`, its text naming the file; the
-/// table, the modified flag and the copy are then as they were.
-void Salva();
+/// date before anything is deleted and goes at the end, unless the file will not give back every entry as it is: how
+/// many is returned. ErroreRuntime as `ScriviInPosto`, its text naming the file; the table, the modified flag and the
+/// copy are then as they were.
+qint32 Salva();
+
+/// The user gives the changes up: the copy goes, unless the file has suffered from a save that failed.
+void Rinuncia();
+
+/// The copy also of a dictionary without changes, where an end would lose what only the memory holds. As
+/// `AggiornaCopia`.
+void AggiornaCopiaAllaFine();
 
 /// Closes: the recent list, varbel.ini in `fileVarbel` rewritten with it, the state emptied. `avvisa` is told why the
 /// rewriting failed, which stops nothing.

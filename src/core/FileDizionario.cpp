@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QtEndian>
 
+#include <algorithm>
 #include <limits>
 
 namespace
@@ -40,9 +41,13 @@ bool LeggiBlocco(LettoreDizionario &lettore)
 // How many rows the file filled.
 qint32 RiempiTabella(QIODevice &dispositivo, Tabella &tabella)
 {
+    // So many that no dictionary has them, and their rows would fill the memory.
+    constexpr qint32 troppe = 5000000;
     LettoreDizionario lettore(dispositivo);
+    ContaVuote vuote(troppe);
     qint32 righe = 0;
     for (QString linea; LeggiLinea(lettore, linea); ++righe) {
+        vuote.Conta(linea, righe);
         if (righe == Capacita(tabella)) {
             if (righe > std::numeric_limits<qint32>::max() / 2)
                 throw ErroreRuntime(6);
@@ -101,11 +106,26 @@ bool LeggiLinea(LettoreDizionario &lettore, QString &linea)
     }
 }
 
+bool LineaTenuta(QStringView linea)
+{
+    bool ritornoVisto = false;
+    return std::none_of(linea.begin(), linea.end(), [&ritornoVisto](QChar c) {
+        ritornoVisto = ritornoVisto || c.cell() == 13;
+        return c.isNull() || c == QChar::ByteOrderMark || (ritornoVisto && c.cell() == 10);
+    });
+}
+
+qint32 ContaSpezzate(const Tabella &tabella, qint32 ultima)
+{
+    const auto inizio = tabella.righe.cbegin();
+    return static_cast<qint32>(std::count_if(inizio, inizio + std::clamp(ultima + 1, 0, Capacita(tabella) + 1),
+                                             [](const RigaTabella &riga) { return !LineaTenuta(riga[2]); }));
+}
+
 void ContaVuote::Conta(const QString &linea, qint32 righe)
 {
-    constexpr qint32 molte = 100000;
     m_vuote += linea.isEmpty() ? 1 : 0;
-    if (m_vuote > molte && m_vuote > righe / 2)
+    if (m_vuote > m_molte && m_vuote > righe / 2)
         throw ErroreRuntime(57, QStringLiteral("Il file non è un dizionario."));
 }
 

@@ -28,10 +28,13 @@ bool LeggiLinea(LettoreDizionario &lettore, QString &linea);
 class ContaVuote
 {
 public:
-    /// ErroreRuntime 57 when most of a great many lines are empty; `righe` is how many came before.
+    explicit ContaVuote(qint32 molte = 100000) : m_molte(molte) {}
+
+    /// ErroreRuntime 57 when more than `molte` lines, and most of all, are empty; `righe` is how many came before.
     void Conta(const QString &linea, qint32 righe);
 
 private:
+    qint32 m_molte;
     qint32 m_vuote = 0;
 };
 
@@ -41,6 +44,12 @@ qint32 CaricaDizionario(QIODevice &dispositivo, Tabella &tabella);
 
 /// As above, opening the file. ErroreRuntime 53, 70 or 75 when it cannot be opened; the table is then untouched.
 qint32 CaricaDizionario(const QString &percorso, Tabella &tabella);
+
+/// A stored line that the file gives back as it is: all its units are read again, and none ends it early.
+bool LineaTenuta(QStringView linea);
+
+/// How many of rows 0 to `ultima` the file would not give back as they are.
+qint32 ContaSpezzate(const Tabella &tabella, qint32 ultima);
 
 /// Writes one stored line and its CR LF for each row 0 to `ultima` that is no hole.
 void ScriviDizionario(QIODevice &dispositivo, const Tabella &tabella, qint32 ultima);

@@ -13,12 +13,13 @@
 #ifdef Q_OS_WIN
 #include <io.h>
 #else
+#include <fcntl.h>
 #include <unistd.h>
 #endif
 
 namespace
 {
-bool SvuotaSulDisco(QFile &file)
+bool SvuotaSulDisco(QFileDevice &file)
 {
     if (!file.flush())
         return false;
@@ -30,8 +31,30 @@ bool SvuotaSulDisco(QFile &file)
 #endif
 }
 
+// The names in a folder outlive a power cut only once it is flushed itself. What cannot be flushed stops nothing: the
+// file's own bytes are on the disk.
+void SvuotaCartella(const QString &file)
+{
+#ifndef Q_OS_WIN
+    const int cartella = open(QFile::encodeName(QFileInfo(file).absolutePath()).constData(), O_RDONLY | O_DIRECTORY);
+    if (cartella < 0)
+        return;
+    static_cast<void>(fsync(cartella));
+    static_cast<void>(close(cartella));
+#else
+    static_cast<void>(file);
+#endif
+}
+
+QString NonIntero()
+{
+    return QStringLiteral("Il file non è stato scritto per intero.");
+}
+
 ErroreRuntime ErroreScrittura(const QFileDevice &file)
 {
+    if (file.error() == QFileDevice::NoError)
+        return ErroreRuntime(57, NonIntero());
     const bool pieno = file.error() == QFileDevice::ResourceError;
     return ErroreRuntime(pieno ? 61 : 57, file.errorString());
 }
@@ -70,8 +93,18 @@ void ScriviTutto(QIODevice &dispositivo, QByteArrayView byte)
     }
 }
 
-void ScriviInPosto(const QString &percorso, const std::function<void(QIODevice &)> &scrivi)
+QString SenzaLegami(const QString &percorso)
 {
+    QFileInfo info(percorso);
+    constexpr int massimoLegami = 40;
+    for (int i = 0; i < massimoLegami && info.isSymbolicLink(); ++i)
+        info.setFile(info.symLinkTarget());
+    return info.filePath();
+}
+
+void ScriviInPosto(const QString &nome, const std::function<void(QIODevice &)> &scrivi)
+{
+    const QString percorso = SenzaLegami(nome);
     QFile::remove(percorso);
     QFile file(percorso);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
@@ -84,7 +117,8 @@ void ScriviInPosto(const QString &percorso, const std::function<void(QIODevice &
     if (file.error() != QFileDevice::NoError)
         throw ErroreScrittura(file);
     if (QFileInfo(percorso).size() != attesi)
-        throw ErroreRuntime(57);
+        throw ErroreRuntime(57, NonIntero());
+    SvuotaCartella(percorso);
 }
 
 void ScriviInPosto(const QString &percorso, const QByteArray &byte)
@@ -105,8 +139,12 @@ void ScriviIntero(const QString &percorso, const std::function<void(QIODevice &)
     // The commit by itself would take a file cut short for a whole one.
     if (!file.flush() || file.error() != QFileDevice::NoError || file.size() != attesi)
         throw ErroreScrittura(file);
+    // Nor does it say that the disk did not take it.
+    if (!SvuotaSulDisco(file))
+        throw ErroreRuntime(57, qt_error_string());
     if (!file.commit())
         throw ErroreScrittura(file);
+    SvuotaCartella(percorso);
 }
 
 QByteArray LeggiTutto(const QString &percorso)

@@ -131,7 +131,7 @@ void RiscriviFileVarbel(const QString &percorso, const QString &temporaneo, cons
     try {
         ScriviInPosto(temporaneo, dopo);
     } catch (const ErroreRuntime &errore) {
-        rinuncia(errore.testo);
+        rinuncia(QFileInfo(temporaneo).absoluteFilePath() + u": "_s + errore.testo);
     }
     // The old file gives way in one step: a program that ends here leaves the one or the other.
     std::error_code motivo;

@@ -51,6 +51,10 @@ struct Stato {
     /// How the dictionary's file, and the companion file that a save writes, looked when last read or saved here.
     Impronta FileDizionario;
     Impronta FileIni;
+    /// A save that failed has left less in the dictionary's file than was there.
+    bool FileRotto = false;
+    /// The entries come from a recovery copy: the file need not be readable.
+    bool DaCopia = false;
     /// Keeps the open dictionary's recovery copy.
     std::shared_ptr<Recupero> recupero;
     ImpostazioniDizionario impostazioni;

@@ -14,6 +14,7 @@
 #include <QtEndian>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -41,22 +42,50 @@ QString Cartella()
 // The same file for a dictionary that is reached by another way.
 QString FileDi(const QString &percorso, int posto)
 {
-    const QFileInfo info(percorso);
+    const QFileInfo info(SenzaLegami(percorso));
     const QString cartella = QFileInfo(info.path()).canonicalFilePath();
     const QString intero = (cartella.isEmpty() ? info.path() : cartella) + u'/' + info.fileName();
     const QByteArray sigla = QCryptographicHash::hash(intero.toUtf8(), QCryptographicHash::Sha1).toHex().left(16);
     // File systems take 255 bytes, of which a character of the name may be four.
     constexpr qsizetype massimoNome = 40;
-    return u"%1/%2-%3-%4.txt"_s.arg(Cartella(), info.fileName().left(massimoNome), QString::fromLatin1(sigla))
-        .arg(posto);
+    return u"%1/%2-%3-%4.txt"_s.arg(Cartella(), info.fileName().left(massimoNome), QString::fromLatin1(sigla),
+                                    QString::number(posto));
+}
+
+QString FileSerratura(const QString &file)
+{
+    return file + u".lock"_s;
 }
 
 std::unique_ptr<QLockFile> Serratura(const QString &file)
 {
-    auto serratura = std::make_unique<QLockFile>(file + u".lock"_s);
+    auto serratura = std::make_unique<QLockFile>(FileSerratura(file));
     // Stale when its program has died, never by its age.
     serratura->setStaleLockTime(0);
     return serratura;
+}
+
+// False when a living program holds it, or the folder takes no file.
+bool Serra(QLockFile &serratura)
+{
+    if (serratura.tryLock() || serratura.error() != QLockFile::LockFailedError)
+        return serratura.isLocked();
+    // One that a program left empty, ended while it made it, is nobody's; a living one's cannot be removed.
+    constexpr qint64 secondi = 5;
+    qint64 processo = 0;
+    QString macchina;
+    QString programma;
+    const QDateTime fatta = QFileInfo(serratura.fileName()).lastModified();
+    return !serratura.getLockInfo(&processo, &macchina, &programma) &&
+           fatta.secsTo(QDateTime::currentDateTime()) > secondi && serratura.removeStaleLockFile() &&
+           serratura.tryLock();
+}
+
+void FaiCartella()
+{
+    const QString cartella = Cartella();
+    QDir().mkpath(cartella);
+    QFile::setPermissions(cartella, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
 }
 
 // What a program that was killed while it wrote has left beside the copy.
@@ -127,6 +156,24 @@ QString TestoData(const QDateTime &data)
 {
     return data.toUTC().toString(Qt::ISODateWithMs);
 }
+
+// The copies in the folder, the newest first, and whose they are.
+QList<std::pair<QString, QString>> Copie()
+{
+    QList<std::pair<QString, QString>> copie;
+    for (const QFileInfo &trovato : QDir(Cartella()).entryInfoList({u"*.txt"_s}, QDir::Files, QDir::Time)) {
+        try {
+            // The head says it.
+            QFile file(trovato.filePath());
+            constexpr qint64 testa = 0x10000;
+            if (file.open(QIODevice::ReadOnly))
+                copie.emplaceBack(trovato.filePath(), LeggiCopia(file.read(testa)).percorso);
+        } catch (const ErroreRuntime &) {
+            continue;
+        }
+    }
+    return copie;
+}
 } // namespace
 
 CopiaRecupero LeggiCopia(const QByteArray &byte)
@@ -157,26 +204,37 @@ CopiaRecupero LeggiFileCopia(const QString &file)
 
 Recupero::Recupero(QString percorso) : m_percorso(std::move(percorso))
 {
-    const QString cartella = Cartella();
-    QDir().mkpath(cartella);
-    QFile::setPermissions(cartella, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+    FaiCartella();
     for (int posto = 1; posto <= MassimoPosti; ++posto) {
         const QString file = FileDi(m_percorso, posto);
         // A lock costs a write to the disk.
-        if (!m_file.isEmpty() && !QFileInfo::exists(file))
-            continue;
-        std::unique_ptr<QLockFile> serratura = Serratura(file);
-        if (!serratura->tryLock() && serratura->error() == QLockFile::LockFailedError) {
-            m_altrove = true;
-            continue;
-        }
-        if (QFileInfo::exists(file))
-            m_trovate += file;
-        if (m_file.isEmpty()) {
-            m_file = file;
-            m_serratura = std::move(serratura);
-            TogliIncompiute(m_file);
-        }
+        if (m_file.isEmpty() || QFileInfo::exists(file) || QFileInfo::exists(FileSerratura(file)))
+            Prende(file);
+    }
+    if (QFileInfo::exists(m_percorso))
+        return;
+    // A way to the dictionary that leads nowhere now: the copies know it by its name.
+    for (const auto &[file, dizionario] : Copie()) {
+        if (dizionario == m_percorso && file != m_file && !m_trovate.contains(file))
+            Prende(file);
+    }
+}
+
+void Recupero::Prende(const QString &file)
+{
+    std::unique_ptr<QLockFile> serratura = Serratura(file);
+    if (!Serra(*serratura) && serratura->error() == QLockFile::LockFailedError) {
+        m_altrove = true;
+        return;
+    }
+    if (QFileInfo::exists(file))
+        m_trovate += file;
+    if (m_file.isEmpty()) {
+        m_file = file;
+        m_serratura = std::move(serratura);
+        TogliIncompiute(m_file);
+    } else {
+        m_serratureTrovate.push_back(std::move(serratura));
     }
 }
 
@@ -189,14 +247,26 @@ void Recupero::Scrivi(const Impronta &dizionario, const QByteArray &ini, const T
     testa += RigaQuando + TestoData(QDateTime::currentDateTimeUtc()) + "\r\n"_L1;
     testa += RigaImpostazioni + QString::number(righeIni.size()) + "\r\n"_L1 + Testo8Bit::Unisci(righeIni);
 
-    ScriviIntero(
-        m_file,
-        [&](QIODevice &file) {
-            ScriviTutto(file, InUtf16(testa));
-            ScriviDizionario(file, tabella, ultima);
-        },
-        true);
+    // The folder may have been full, or away, when the dictionary was opened.
+    FaiCartella();
+    if (m_serratura && !m_serratura->isLocked())
+        Serra(*m_serratura);
+    try {
+        ScriviIntero(
+            m_file,
+            [&](QIODevice &file) {
+                ScriviTutto(file, InUtf16(testa));
+                ScriviDizionario(file, tabella, ultima);
+            },
+            true);
+    } catch (ErroreRuntime &errore) {
+        errore.testo = m_file + u": "_s + errore.testo;
+        throw;
+    }
     m_trovate.removeAll(m_file);
+    if (const QString sostituita = std::exchange(m_sostituita, QString());
+        sostituita != m_file && QFile::remove(sostituita))
+        m_trovate.removeAll(sostituita);
 }
 
 void Recupero::Togli()
@@ -207,20 +277,9 @@ void Recupero::Togli()
 QStringList Recupero::SenzaFile()
 {
     QStringList percorsi;
-    for (const QFileInfo &trovato : QDir(Cartella()).entryInfoList({u"*.txt"_s}, QDir::Files, QDir::Time)) {
-        try {
-            // The head says whose copy it is.
-            QFile file(trovato.filePath());
-            constexpr qint64 testa = 0x10000;
-            if (!file.open(QIODevice::ReadOnly))
-                continue;
-            const QString percorso = LeggiCopia(file.read(testa)).percorso;
-            if (!QFileInfo::exists(percorso) && !percorsi.contains(percorso) &&
-                Serratura(trovato.filePath())->tryLock())
-                percorsi += percorso;
-        } catch (const ErroreRuntime &) {
-            continue;
-        }
+    for (const auto &[file, dizionario] : Copie()) {
+        if (!QFileInfo::exists(dizionario) && !percorsi.contains(dizionario) && Serra(*Serratura(file)))
+            percorsi += dizionario;
     }
     return percorsi;
 }

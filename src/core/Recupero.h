@@ -12,6 +12,7 @@
 #include <QStringList>
 
 #include <memory>
+#include <vector>
 
 /// What a recovery copy holds: the entries of a dictionary that were not in its file, and its settings.
 struct CopiaRecupero {
@@ -44,11 +45,17 @@ public:
 
     [[nodiscard]] const QString &percorso() const { return m_percorso; }
 
+    /// Full path of the copy; empty when no place is left.
+    [[nodiscard]] const QString &file() const { return m_file; }
+
     /// Another living program keeps a copy of this dictionary: it has it open.
     [[nodiscard]] bool ApertoAltrove() const { return m_altrove; }
 
-    /// The copies of this dictionary that no living program keeps, full paths.
+    /// The copies of this dictionary that no living program keeps, full paths. None takes them while this one lives.
     [[nodiscard]] QStringList Trovate() const { return m_trovate; }
+
+    /// The next copy written takes the place of this one found.
+    void Sostituisce(const QString &trovata) { m_sostituita = trovata; }
 
     /// Replaces the copy, whole or not at all, by rows 0 to `ultima`. ErroreRuntime 57, 61 or 75 with the reason.
     void Scrivi(const Impronta &dizionario, const QByteArray &ini, const Tabella &tabella, qint32 ultima);
@@ -61,9 +68,12 @@ public:
 
 private:
     QString m_percorso;
-    /// Full path of the copy; empty when no place is left.
+    void Prende(const QString &file);
+
     QString m_file;
     std::unique_ptr<QLockFile> m_serratura;
     QStringList m_trovate;
+    std::vector<std::unique_ptr<QLockFile>> m_serratureTrovate;
+    QString m_sostituita;
     bool m_altrove = false;
 };

@@ -169,6 +169,7 @@ void ComponiForm1::Copia1in2()
         return;
     m_voci2->Accoda(Composizione::Copia1in2(m_voci1->Voci()[static_cast<std::size_t>(i)]));
     ui->lstDizionario2->scrollToBottom();
+    TentaCopia(Composizione::AggiornaCopia);
 }
 
 void ComponiForm1::Copia2in1()
@@ -176,22 +177,31 @@ void ComponiForm1::Copia2in1()
     const qint32 i = ui->lstDizionario2->ListIndex();
     if (i < 0 || !stato().DizionarioAperto)
         return;
-    Aggiunte1(Composizione::Copia2in1({m_voci2->Voci()[static_cast<std::size_t>(i)]}));
+    Copia({m_voci2->Voci()[static_cast<std::size_t>(i)]});
     ui->lstDizionario1->scrollToBottom();
 }
 
 void ComponiForm1::CopiaTutto1in2()
 {
     m_voci2->Accoda(Composizione::CopiaTutto1in2());
+    TentaCopia(Composizione::AggiornaCopia);
 }
 
 void ComponiForm1::CopiaTutto2in1()
 {
-    Aggiunte1(Composizione::Copia2in1(m_voci2->Voci()));
+    Copia(m_voci2->Voci());
 }
 
-void ComponiForm1::Aggiunte1(const Composizione::Voci &nuove)
+void ComponiForm1::Copia(const Composizione::Voci &righe)
 {
+    Composizione::Voci nuove;
+    try {
+        nuove = Composizione::Copia2in1(righe);
+    } catch (...) {
+        // Those that came before the memory was full.
+        SegnaModificato();
+        throw;
+    }
     if (nuove.empty())
         return;
     m_voci1->Accoda(nuove);
@@ -208,8 +218,10 @@ void ComponiForm1::Elimina(const ListaParole *lista)
         return;
     if (lista == ui->lstDizionario1)
         m_voci1->Elimina(i, [i](Composizione::Voci &voci) { voci.erase(voci.begin() + i); });
-    else
+    else {
         m_voci2->Elimina(i, [i](Composizione::Voci &voci) { Composizione::Elimina2(voci, i); });
+        TentaCopia(Composizione::AggiornaCopia);
+    }
 }
 
 void ComponiForm1::Ordina1()
@@ -250,14 +262,16 @@ bool ComponiForm1::ScriviSecondo()
                   u"Il file "_s + percorso + u" è cambiato da quando è stato aperto qui. Sostituirlo?"_s,
                   QMessageBox::Yes | QMessageBox::No) != QMessageBox::Yes)
         return false;
+    qint32 spezzate = 0;
     try {
-        Composizione::Scrivi();
+        spezzate = Composizione::Scrivi();
     } catch (ErroreRuntime &errore) {
-        errore.testo =
-            u"Impossibile salvare "_s + percorso + u".\n"_s + errore.testo +
-            u"\nLe voci restano nella finestra: liberare spazio e chiuderla di nuovo. Con No andrebbero perse."_s;
+        errore.testo = u"Impossibile salvare "_s + percorso + u".\n"_s + errore.testo +
+                       u"\nLe voci restano nella finestra: liberare spazio e chiuderla di nuovo."_s;
         throw;
     }
+    if (spezzate > 0)
+        AvvisaSpezzate(this, percorso, spezzate);
     // What is in memory is no longer what its file holds.
     if (stato().DizionarioAperto && QFileInfo(percorso) == QFileInfo(stato().PercorsoDizionario)) {
         // Nor is it the file that a close without saving may delete.

@@ -46,7 +46,7 @@ private:
     void Ordina2();
     void Elimina(const ListaParole *lista);
     void Ok();
-    void Aggiunte1(const Composizione::Voci &nuove);
+    void Copia(const Composizione::Voci &righe);
     void ImpostaFontListe();
     bool ScriviSecondo();
 

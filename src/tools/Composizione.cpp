@@ -19,6 +19,7 @@
 #include <limits>
 #include <utility>
 
+using namespace Qt::StringLiterals;
 using Module1::stato;
 
 namespace
@@ -26,31 +27,15 @@ namespace
 struct Secondo {
     QString percorso;
     Impronta impronta;
-    /// From the first attempt to write on.
     std::shared_ptr<Recupero> recupero;
+    /// A write has left less in the file than the copy holds.
+    bool rotto = false;
 };
 
 Secondo &secondo()
 {
     static Secondo unico;
     return unico;
-}
-
-// What a write that is cut short would lose.
-bool CopiaPrima(qint32 ultima)
-{
-    Secondo &s = secondo();
-    const QString ini = PercorsoIniLetto(s.percorso);
-    try {
-        if (!s.recupero)
-            s.recupero = std::make_shared<Recupero>(s.percorso);
-        s.recupero->Scrivi(s.impronta, QFileInfo::exists(ini) ? LeggiTutto(ini) : ScriviIni({}), stato().Dizionario2,
-                           ultima);
-    } catch (const ErroreRuntime &) {
-        // The write itself may still succeed.
-        return false;
-    }
-    return true;
 }
 
 void Riempi(QIODevice &dispositivo, Tabella &tabella, qint32 &righe)
@@ -122,6 +107,11 @@ void Leggi(const QString &percorso)
 {
     Libera();
     const Impronta impronta = ImprontaDi(percorso);
+    auto recupero = std::make_shared<Recupero>(percorso);
+    if (!recupero->Trovate().isEmpty())
+        throw ErroreRuntime(70,
+                            u"Ne è stata trovata una copia di recupero: aprire prima il dizionario, per prenderla o "
+                            u"eliminarla."_s);
     QFile file(percorso);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         ErroreApertura(percorso, file.errorString());
@@ -134,16 +124,29 @@ void Leggi(const QString &percorso)
         Libera();
         throw;
     }
-    secondo() = {percorso, impronta, nullptr};
+    secondo() = {percorso, impronta, std::move(recupero), false};
 }
 
 void Libera()
 {
     stato().Dizionario2 = {};
     stato().LenDizionario2 = 0;
-    if (secondo().recupero)
+    if (secondo().recupero && !secondo().rotto)
         secondo().recupero->Togli();
     secondo() = {};
+}
+
+bool ApertoAltrove()
+{
+    return secondo().recupero && secondo().recupero->ApertoAltrove();
+}
+
+void AggiornaCopia()
+{
+    const Secondo &s = secondo();
+    const QString ini = PercorsoIniLetto(s.percorso);
+    s.recupero->Scrivi(s.impronta, QFileInfo::exists(ini) ? LeggiTutto(ini) : ScriviIni({}), stato().Dizionario2,
+                       stato().LenDizionario2 - 1);
 }
 
 bool Cambiato()
@@ -151,22 +154,29 @@ bool Cambiato()
     return CambiatoDa(secondo().impronta, componiFile());
 }
 
-void Scrivi()
+qint32 Scrivi()
 {
     const Module1::Stato &s = stato();
-    const qint32 ultima = s.LenDizionario2 - 1;
-    const auto nota = [] { secondo().impronta = ImprontaDi(componiFile()); };
+    bool conCopia = true;
     try {
-        const bool conCopia = CopiaPrima(ultima);
-        SalvaDizionario(componiFile(), s.Dizionario2, ultima, conCopia);
+        AggiornaCopia();
+    } catch (const ErroreRuntime &) {
+        // The write itself may still succeed.
+        conCopia = false;
+    }
+    secondo().rotto = secondo().rotto || conCopia;
+    try {
+        SalvaDizionario(componiFile(), s.Dizionario2, s.LenDizionario2 - 1, conCopia);
     } catch (...) {
-        nota();
+        secondo().impronta = ImprontaDi(componiFile());
         throw;
     }
-    nota();
-    if (secondo().recupero)
+    secondo().impronta = ImprontaDi(componiFile());
+    const qint32 spezzate = ContaSpezzate(s.Dizionario2, s.LenDizionario2 - 1);
+    secondo().rotto = spezzate > 0;
+    if (spezzate == 0)
         secondo().recupero->Togli();
-    secondo().recupero.reset();
+    return spezzate;
 }
 
 Voci Copia1in2(qint32 riga)

@@ -32,17 +32,25 @@ Voci DopoChiusuraBuchi(const Voci &voci);
 const QString &componiFile();
 
 /// Reads a second dictionary into Dizionario2 and sorts it by language-1 words, the last row left alone. Of the empty
-/// lines only one at the end takes a row. ErroreRuntime 53, 57, 70 or 75 when it cannot be read; none is held then.
+/// lines only one at the end takes a row. ErroreRuntime 53, 57, 70 or 75 when it cannot be read, also while a recovery
+/// copy of it waits for an answer; none is held then.
 void Leggi(const QString &percorso);
 
-/// Lets the second dictionary go.
+/// Lets the second dictionary go, and its recovery copy, unless it holds more than a write has left in the file.
 void Libera();
+
+/// Another living program has the second dictionary open, or this one has.
+bool ApertoAltrove();
+
+/// Brings the second dictionary's recovery copy up to date. ErroreRuntime 57, 61 or 75 with the reason.
+void AggiornaCopia();
 
 /// The file is no longer the one that was read or written last: a write would replace what somebody else wrote.
 bool Cambiato();
 
-/// Writes Dizionario2 over its file. ErroreRuntime as `ScriviInPosto`; the entries stay in memory.
-void Scrivi();
+/// Writes Dizionario2 over its file. Returns how many entries the file will not give back as they are; the recovery
+/// copy then stays. ErroreRuntime as `ScriviInPosto`; the entries stay in memory.
+qint32 Scrivi();
 
 /// Copies a row of the main table to the end of Dizionario2; returns the new items.
 Voci Copia1in2(qint32 riga);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tools/Inversione.h"
 
+#include "core/ErroreRuntime.h"
 #include "core/FileDizionario.h"
 #include "core/FileInPosto.h"
 #include "core/Module1.h"
@@ -58,17 +59,29 @@ QString PercorsoIniInvertito(const QString &dizionario)
                                                                 : dizionario.chopped(estensione) + u".ini"_s;
 }
 
-void ScriviInvertito(const QString &dizionario)
+qint32 ScriviInvertito(const QString &dizionario)
 {
     const Module1::Stato &s = stato();
+    const auto nominando = [](const QString &che, const QString &file, const auto &funzione) {
+        try {
+            funzione();
+        } catch (ErroreRuntime &errore) {
+            errore.testo = che + file + u".\n"_s + errore.testo;
+            throw;
+        }
+    };
     const QString ini = PercorsoIniInvertito(dizionario);
     if (!ini.isEmpty() && ini != s.PercorsoIni) {
-        const QByteArray impostazioni = QFile::exists(s.PercorsoIni) ? LeggiTutto(s.PercorsoIni) : QByteArray();
-        ScriviInPosto(ini, Testo8Bit::ConLineeCrLf(impostazioni));
+        QByteArray impostazioni;
+        if (QFile::exists(s.PercorsoIni))
+            nominando(u"Impossibile leggere "_s, s.PercorsoIni, [&] { impostazioni = LeggiTutto(s.PercorsoIni); });
+        nominando(u"Impossibile scrivere "_s, ini, [&] { ScriviInPosto(ini, Testo8Bit::ConLineeCrLf(impostazioni)); });
     }
     Tabella invertita;
     Ridimensiona(invertita, qMax(s.LenDizionario1, 0));
     for (qint32 i = 0; i <= s.LenDizionario1; ++i)
         RigaDi(invertita, i)[2] = LineaInvertita(RigaDi(s.Dizionario1, i)[2]);
-    SalvaDizionario(dizionario, invertita, s.LenDizionario1);
+    nominando(u"Impossibile scrivere "_s, dizionario,
+              [&] { SalvaDizionario(dizionario, invertita, s.LenDizionario1, false); });
+    return ContaSpezzate(invertita, s.LenDizionario1);
 }
