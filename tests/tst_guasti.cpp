@@ -137,7 +137,7 @@ void TestGuasti::ognuna()
         QVERIFY(n < 500);
     }
     // Each of them changes several files.
-    QVERIFY2(provate > 5, qPrintable(QString::number(provate)));
+    QVERIFY2(provate > 4, qPrintable(QString::number(provate)));
 }
 
 QTEST_GUILESS_MAIN(TestGuasti)

@@ -65,20 +65,25 @@ std::unique_ptr<QLockFile> Serratura(const QString &file)
     return serratura;
 }
 
+// A lock that a program was ended in the middle of making is nobody's: it does not say whose in full.
+bool Incompiuta(const QLockFile &serratura)
+{
+    constexpr qsizetype righe = 5;
+    constexpr qint64 secondi = 5;
+    QFile file(serratura.fileName());
+    const QDateTime fatta = QFileInfo(file).lastModified();
+    return file.open(QIODevice::ReadOnly) && file.readAll().count('\n') < righe &&
+           fatta.secsTo(QDateTime::currentDateTime()) > secondi;
+}
+
 // False when a living program holds it, or the folder takes no file.
 bool Serra(QLockFile &serratura)
 {
-    if (serratura.tryLock() || serratura.error() != QLockFile::LockFailedError)
-        return serratura.isLocked();
-    // One that a program left empty, ended while it made it, is nobody's; a living one's cannot be removed.
-    constexpr qint64 secondi = 5;
-    qint64 processo = 0;
-    QString macchina;
-    QString programma;
-    const QDateTime fatta = QFileInfo(serratura.fileName()).lastModified();
-    return !serratura.getLockInfo(&processo, &macchina, &programma) &&
-           fatta.secsTo(QDateTime::currentDateTime()) > secondi && serratura.removeStaleLockFile() &&
-           serratura.tryLock();
+    if (serratura.tryLock())
+        return true;
+    // A living program's cannot be removed.
+    return serratura.error() == QLockFile::LockFailedError && Incompiuta(serratura) &&
+           serratura.removeStaleLockFile() && serratura.tryLock();
 }
 
 void FaiCartella()
