@@ -168,7 +168,10 @@ void TestRecupero::rifiuta()
     QCOMPARE(banco.Parole(1), QStringList({u"cane"_s, u"casa"_s, u"x"_s}));
     QVERIFY(!stato().Modificato);
     QVERIFY(banco.Copie().isEmpty());
-    // So does No to the question at a close.
+    QFile::setPermissions(banco.percorso, QFile::ReadOwner | QFile::WriteOwner);
+    banco.Comando(u"mnuFileSalva"_s);
+    QCOMPARE(QFile::permissions(banco.percorso) & (Leggere | Scrivere), QFile::ReadOwner | QFile::WriteOwner);
+    // So does No to the question at a close, also after a save that could not touch the file.
     Interrotto::Aggiungi(u"gatto"_s, u"cat"_s);
     QCOMPARE(banco.Copie().size(), 1);
     banco.dialoghi.casella(u"Salvare?"_s, u"Il dizionario "_s + banco.percorso + u" è stato modificato. Salvare?"_s,
@@ -241,6 +244,11 @@ void TestRecupero::copiaRotta()
     banco.Apri(banco.percorso);
     QVERIFY2(banco.dialoghi.verifica(), qPrintable(banco.dialoghi.guasti()));
     QCOMPARE(banco.Parole(1).size(), 2);
+    // Neither a change nor a save touches it.
+    Interrotto::Aggiungi(u"topo"_s, u"mouse"_s);
+    QCOMPARE(banco.Copie().size(), 2);
+    banco.Comando(u"mnuFileSalva"_s);
+    QVERIFY(!stato().Modificato);
     QCOMPARE(ByteDelFile(copia), QByteArray("rotta"));
 }
 
@@ -504,6 +512,18 @@ void TestRecupero::serratureDiNessuno()
     const Recupero secondo(banco.File(u"z.dic"_s));
     primo.reset();
     QVERIFY(Recupero(banco.File(u"z.dic"_s)).ApertoAltrove());
+#ifdef Q_OS_UNIX
+    // One that another program has taken meanwhile, in a folder made anew, is its own.
+    Tabella tabella;
+    Recupero mia(banco.File(u"y.dic"_s));
+    const QString suo = mia.file();
+    QVERIFY(QFile::remove(suo + u".lock"_s));
+    ScriviInPosto(suo + u".lock"_s, "1\n\n" + QSysInfo::machineHostName().toUtf8() + "\n\n\n");
+    ScriviInPosto(suo, QByteArray("sua"));
+    mia.Scrivi({}, "mia", tabella, 0);
+    QVERIFY(mia.file() != suo);
+    QCOMPARE(ByteDelFile(suo), QByteArray("sua"));
+#endif
 }
 
 void TestRecupero::altroPosto()
@@ -550,6 +570,18 @@ void TestRecupero::sopraUnoApertoAltrove()
         QCOMPARE(ByteDelFile(altrui), prima);
         QCOMPARE(stato().PercorsoDizionario, banco.percorso);
     }
+    // Nor over one whose copy waits for an answer, whether its file is there or not.
+    const QString atteso = banco.File(u"c.dic"_s);
+    {
+        Recupero morto(atteso);
+        morto.Scrivi({}, ScriviIni({}), stato().Dizionario1, stato().LenDizionario1);
+    }
+    banco.dialoghi.file(atteso);
+    banco.dialoghi.errore(u"Errore!"_s, u"Del dizionario "_s + atteso + u" è stata trovata una copia di recupero"_s);
+    banco.Comando(u"mnuFileSalvaConNome"_s);
+    QVERIFY2(banco.dialoghi.verifica(), qPrintable(banco.dialoghi.guasti()));
+    QVERIFY(!QFile::exists(atteso));
+    QCOMPARE(banco.Copie().filter(u"c.dic"_s).size(), 1);
 }
 
 void TestRecupero::legame()
@@ -586,6 +618,11 @@ void TestRecupero::spezzate()
     banco.Comando(u"mnuFileChiudi"_s);
     QVERIFY(banco.Chiedi(QMessageBox::Yes).startsWith(u"Copia: 3 voci"_s));
     QVERIFY(banco.Parole(1).contains(u"\rЊ"_s));
+    // It stays until the user does not want it, whatever else is refused or closed.
+    banco.dialoghi.altro([](QDialog *box) { qobject_cast<QMessageBox *>(box)->button(QMessageBox::No)->click(); });
+    banco.Comando(u"mnuFileChiudi"_s);
+    QVERIFY(banco.Chiedi(QMessageBox::No).endsWith(u" voci."_s));
+    QVERIFY(banco.Copie().isEmpty());
 }
 
 void TestRecupero::erroreCheTermina()

@@ -355,6 +355,7 @@ private slots:
         bool dato = false;
         const int passi = qEnvironmentVariableIntValue("VARBEL_PASSI", &dato);
         const auto seme = static_cast<quint32>(qEnvironmentVariableIntValue("VARBEL_SEME"));
+        QTest::failOnWarning(QRegularExpression(u"."_s));
         Sessione sessione(seme);
         for (int i = 0; i < (dato ? passi : PassiSoliti); ++i) {
             sessione.Passo();

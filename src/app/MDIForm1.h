@@ -135,6 +135,8 @@ private:
     bool Occupa(std::optional<CopiaRecupero> &copia);
     bool ChiediOccupa(std::optional<CopiaRecupero> &copia);
     void ApriFile(bool soloConCopia);
+    /// Whether a command may write over a dictionary that is not the open one.
+    bool ChiediSopra(const QString &percorso, const QString &domanda);
     bool ChiediAltrove(const QString &percorso, const QString &domanda);
     QMessageBox::StandardButton ChiediRecupero(const CopiaRecupero &copia);
     void MostraDizionario(const std::optional<CopiaRecupero> &copia);

@@ -152,7 +152,7 @@ void MDIForm1::mnuFileNuovo()
     if (!Occupa(copia)) {
         s.recupero.reset();
         s.PercorsoDizionario.clear();
-        if (!esisteva)
+        if (!esisteva && QFileInfo(dlg.nomeFile).size() == 0)
             QFile::remove(dlg.nomeFile);
         return;
     }
@@ -301,6 +301,19 @@ bool MDIForm1::ChiediAltrove(const QString &percorso, const QString &domanda)
                QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
 }
 
+bool MDIForm1::ChiediSopra(const QString &percorso, const QString &domanda)
+{
+    const Recupero altro(percorso);
+    if (altro.ApertoAltrove())
+        return ChiediAltrove(percorso, domanda);
+    if (altro.Trovate().isEmpty())
+        return true;
+    Messaggio(this, QMessageBox::Critical, u"Errore!"_s,
+              u"Del dizionario "_s + percorso +
+                  u" è stata trovata una copia di recupero: aprirlo prima, per prenderla o eliminarla."_s);
+    return false;
+}
+
 bool MDIForm1::ChiediOccupa(std::optional<CopiaRecupero> &copia)
 {
     Documento::Occupa();
@@ -314,12 +327,15 @@ bool MDIForm1::ChiediOccupa(std::optional<CopiaRecupero> &copia)
         } catch (const ErroreRuntime &errore) {
             Messaggio(this, QMessageBox::Warning, u"Recupero"_s,
                       u"Impossibile leggere la copia di recupero "_s + file + u".\n"_s + errore.testo);
+            s.recupero->Lascia(file);
             continue;
         }
         const auto risposta = ChiediRecupero(*copia);
         if (risposta == QMessageBox::Yes) {
             s.recupero->Sostituisce(file);
             s.DaCopia = true;
+            s.FileRotto = ImprontaDi(s.PercorsoDizionario) != copia->dizionario ||
+                          !std::all_of(copia->voci.cbegin(), copia->voci.cend(), LineaTenuta);
             try {
                 Documento::CreaMancante();
             } catch (const ErroreRuntime &errore) {
@@ -377,9 +393,8 @@ bool MDIForm1::SalvaDocumento()
                                          u"Sostituirlo?"_s,
                                      QMessageBox::Yes | QMessageBox::No) != QMessageBox::Yes)
         return false;
-    if (s.recupero && s.recupero->percorso() != s.PercorsoDizionario &&
-        QFileInfo(s.recupero->percorso()) != QFileInfo(s.PercorsoDizionario) &&
-        Recupero(s.PercorsoDizionario).ApertoAltrove() && !ChiediAltrove(s.PercorsoDizionario, u"Salvare lo stesso?"_s))
+    if (s.recupero && !StessoFile(s.recupero->percorso(), s.PercorsoDizionario) &&
+        !ChiediSopra(s.PercorsoDizionario, u"Salvare lo stesso?"_s))
         return false;
     s.NuovoDizionario = false;
     qint32 spezzate = 0;

@@ -4,7 +4,7 @@
 #include "app/MDIForm1.h"
 #include "app/Protezione.h"
 #include "app/Servizi.h"
-#include "core/Recupero.h"
+#include "core/FileInPosto.h"
 #include "edit/VisualizzaForm1.h"
 #include "tools/ComponiForm1.h"
 #include "tools/Composizione.h"
@@ -81,7 +81,7 @@ void MDIForm1::mnuStrumentiComponi()
         errore.testo = u"Impossibile leggere il dizionario "_s + secondo + u".\n"_s + errore.testo;
         throw;
     }
-    if (QFileInfo(secondo) != QFileInfo(stato().PercorsoDizionario) && Composizione::ApertoAltrove() &&
+    if (!StessoFile(secondo, stato().PercorsoDizionario) && Composizione::ApertoAltrove() &&
         !ChiediAltrove(secondo, u"Aprirlo lo stesso?"_s)) {
         Composizione::Libera();
         return;
@@ -107,8 +107,7 @@ void MDIForm1::mnuStrumentiInverti()
                                                u"Il file "_s + scelto + u" esiste già. Sostituirlo?"_s,
                                                QMessageBox::Yes | QMessageBox::No) != QMessageBox::Yes)
         return;
-    if (QFileInfo(scelto) != QFileInfo(stato().PercorsoDizionario) && Recupero(scelto).ApertoAltrove() &&
-        !ChiediAltrove(scelto, u"Sostituirlo lo stesso?"_s))
+    if (!StessoFile(scelto, stato().PercorsoDizionario) && !ChiediSopra(scelto, u"Sostituirlo lo stesso?"_s))
         return;
     const qint32 spezzate = ScriviInvertito(scelto);
     Messaggio(this, QMessageBox::Information, u"Salvataggio"_s, u"Salvataggio completato di "_s + scelto);

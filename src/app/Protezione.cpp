@@ -49,8 +49,9 @@ void SegnalaErrore(QWidget *genitore, const ErroreRuntime &errore)
     QString testo = u"Errore di run-time '%1': "_s.arg(errore.numero) + errore.testo;
     try {
         Documento::AggiornaCopiaAllaFine();
-    } catch (const ErroreRuntime &copia) {
-        testo += u"\nImpossibile scrivere la copia di recupero.\n"_s + copia.testo;
+    } catch (const std::exception &eccezione) {
+        const auto *copia = dynamic_cast<const ErroreRuntime *>(&eccezione);
+        testo += u"\nImpossibile scrivere la copia di recupero.\n"_s + (copia ? copia->testo : TestoMemoria());
     }
     static_cast<void>(std::fputs((testo + u'\n').toLocal8Bit().constData(), stderr));
     ProgrammaTerminato() = true;

@@ -74,10 +74,11 @@ void TentaCopia(const std::function<void()> &aggiorna)
     try {
         aggiorna();
         servizi().copiaFallita = false;
-    } catch (const ErroreRuntime &errore) {
+    } catch (const std::exception &eccezione) {
+        const auto *errore = dynamic_cast<const ErroreRuntime *>(&eccezione);
         if (!std::exchange(servizi().copiaFallita, true))
             Messaggio(QApplication::activeWindow(), QMessageBox::Warning, u"Recupero"_s,
-                      u"Impossibile scrivere la copia di recupero.\n"_s + errore.testo +
+                      u"Impossibile scrivere la copia di recupero.\n"_s + (errore ? errore->testo : TestoMemoria()) +
                           u"\nLe voci restano nel programma: conviene salvare il dizionario."_s);
     }
 }

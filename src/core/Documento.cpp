@@ -110,26 +110,32 @@ qint32 Salva()
     bool conCopia = true;
     try {
         AggiornaCopia();
-    } catch (const ErroreRuntime &) {
+    } catch (const std::exception &) {
         // The save itself may still succeed.
         conCopia = false;
     }
     const QString ini = PercorsoIniScritto(s.PercorsoDizionario);
     // The same file by another way is not another one.
-    const bool altro = s.recupero && s.recupero->percorso() != s.PercorsoDizionario &&
-                       QFileInfo(s.recupero->percorso()) != QFileInfo(s.PercorsoDizionario);
-    const auto scrivi = [altro](const QString &percorso, const auto &funzione) {
+    const bool altro = s.recupero && !StessoFile(s.recupero->percorso(), s.PercorsoDizionario);
+    const auto scrivi = [altro, &s](const QString &percorso, const auto &funzione) {
+        const auto nota = [altro, &s] {
+            if (altro)
+                return;
+            // What stands there now is ours, whole or not.
+            s.FileRotto = s.FileRotto || ImprontaDi(s.PercorsoDizionario) != s.FileDizionario;
+            NotaFile();
+        };
         try {
             funzione();
         } catch (ErroreRuntime &errore) {
-            // What stands there now is ours, whole or not.
-            if (!altro)
-                NotaFile();
+            nota();
             errore.testo = u"Impossibile salvare "_s + percorso + u".\n"_s + errore.testo;
+            throw;
+        } catch (...) {
+            nota();
             throw;
         }
     };
-    s.FileRotto = s.FileRotto || (conCopia && !altro);
     scrivi(s.PercorsoDizionario,
            [&] { SalvaDizionario(s.PercorsoDizionario, s.Dizionario1, s.LenDizionario1, conCopia); });
     s.PercorsoIni = ini;
@@ -138,23 +144,27 @@ qint32 Salva()
         conCopia ? ScriviInPosto(ini, byte) : ScriviIntero(ini, byte);
     });
     NotaFile();
-    s.FileRotto = false;
     s.Modificato = false;
     const qint32 spezzate = ContaSpezzate(s.Dizionario1, s.LenDizionario1);
+    s.FileRotto = spezzate > 0;
     if (!s.recupero)
         return spezzate;
-    const bool altrove = s.recupero->percorso() != s.PercorsoDizionario;
-    if (altrove || spezzate == 0)
+    if (s.recupero->percorso() != s.PercorsoDizionario) {
+        // The new name's copy from now on.
         s.recupero->Togli();
-    if (!altrove)
-        return spezzate;
-    // The new name's copy from now on; what was kept for the file that it has replaced is of no use.
-    s.recupero.reset();
-    s.recupero = std::make_shared<Recupero>(s.PercorsoDizionario);
-    for (const QString &copia : s.recupero->Trovate())
-        QFile::remove(copia);
-    if (spezzate > 0)
+        s.recupero.reset();
+        s.recupero = std::make_shared<Recupero>(s.PercorsoDizionario);
+    }
+    if (spezzate == 0) {
+        s.recupero->Togli();
+        return 0;
+    }
+    try {
+        // It knows the file as it stands now.
         AggiornaCopia();
+    } catch (const std::exception &) {
+        return spezzate;
+    }
     return spezzate;
 }
 

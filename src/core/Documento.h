@@ -41,7 +41,8 @@ void AggiornaCopia();
 /// copy are then as they were.
 qint32 Salva();
 
-/// The user gives the changes up: the copy goes, unless the file has suffered from a save that failed.
+/// The user gives the changes up: the copy goes, unless the file holds less than what was there, or would not give it
+/// all back.
 void Rinuncia();
 
 /// The copy also of a dictionary without changes, where an end would lose what only the memory holds. As

@@ -93,6 +93,11 @@ void ScriviTutto(QIODevice &dispositivo, QByteArrayView byte)
     }
 }
 
+bool StessoFile(const QString &a, const QString &b)
+{
+    return a == b || (QFileInfo::exists(a) && QFileInfo(a) == QFileInfo(b));
+}
+
 QString SenzaLegami(const QString &percorso)
 {
     QFileInfo info(percorso);
@@ -105,10 +110,15 @@ QString SenzaLegami(const QString &percorso)
 void ScriviInPosto(const QString &nome, const std::function<void(QIODevice &)> &scrivi)
 {
     const QString percorso = SenzaLegami(nome);
+    const QFileInfo vecchio(percorso);
+    const QFileDevice::Permissions diritti = vecchio.isFile() ? vecchio.permissions() : QFileDevice::Permissions();
     QFile::remove(percorso);
     QFile file(percorso);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
         throw ErroreRuntime(75, file.errorString());
+    // A list that was its owner's alone stays so; some file systems have no owners.
+    if (diritti)
+        static_cast<void>(file.setPermissions(diritti | QFileDevice::WriteOwner));
     scrivi(file);
     const qint64 attesi = file.pos();
     if (!SvuotaSulDisco(file))

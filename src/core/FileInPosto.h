@@ -21,12 +21,15 @@ Impronta ImprontaDi(const QString &percorso);
 /// Whether a file stands there that is not as it was when it looked like `prima`.
 bool CambiatoDa(const Impronta &prima, const QString &percorso);
 
+/// Both paths lead to one file that exists, or are the same path.
+bool StessoFile(const QString &a, const QString &b);
+
 /// The file that symbolic links lead to, also when it does not exist; any other path as it is.
 QString SenzaLegami(const QString &percorso);
 
 /// Writes a file in place: deletes the one that is there (a failure to delete is no error), then opens, writes with
 /// `scrivi`, flushes to the disk, checks the size on it and closes; its folder is flushed too. A symbolic link stays
-/// one: the file it leads to is written. ErroreRuntime 57, 61 or 75 with the reason.
+/// one: the file it leads to is written, and keeps its permissions. ErroreRuntime 57, 61 or 75 with the reason.
 void ScriviInPosto(const QString &percorso, const std::function<void(QIODevice &)> &scrivi);
 
 /// As above, with the bytes themselves.

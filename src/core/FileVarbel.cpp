@@ -135,8 +135,8 @@ void RiscriviFileVarbel(const QString &percorso, const QString &temporaneo, cons
     }
     // The old file gives way in one step: a program that ends here leaves the one or the other.
     std::error_code motivo;
-    std::filesystem::rename(QFileInfo(temporaneo).filesystemFilePath(), QFileInfo(percorso).filesystemFilePath(),
-                            motivo);
+    std::filesystem::rename(QFileInfo(temporaneo).filesystemFilePath(),
+                            QFileInfo(SenzaLegami(percorso)).filesystemFilePath(), motivo);
     if (!motivo)
         return;
     // On two volumes.

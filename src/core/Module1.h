@@ -51,7 +51,7 @@ struct Stato {
     /// How the dictionary's file, and the companion file that a save writes, looked when last read or saved here.
     Impronta FileDizionario;
     Impronta FileIni;
-    /// A save that failed has left less in the dictionary's file than was there.
+    /// The dictionary's file holds less than the recovery copy of what was saved last: a save failed, or broke entries.
     bool FileRotto = false;
     /// The entries come from a recovery copy: the file need not be readable.
     bool DaCopia = false;

@@ -6,6 +6,7 @@
 #include "core/FileDizionario.h"
 #include "core/Testo8Bit.h"
 
+#include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
@@ -43,13 +44,16 @@ QString Cartella()
 QString FileDi(const QString &percorso, int posto)
 {
     const QFileInfo info(SenzaLegami(percorso));
+    QString nome = info.fileName();
     const QString cartella = QFileInfo(info.path()).canonicalFilePath();
     const QString intero = (cartella.isEmpty() ? info.path() : cartella) + u'/' + info.fileName();
     const QByteArray sigla = QCryptographicHash::hash(intero.toUtf8(), QCryptographicHash::Sha1).toHex().left(16);
     // File systems take 255 bytes, of which a character of the name may be four.
     constexpr qsizetype massimoNome = 40;
-    return u"%1/%2-%3-%4.txt"_s.arg(Cartella(), info.fileName().left(massimoNome), QString::fromLatin1(sigla),
-                                    QString::number(posto));
+    nome.truncate(massimoNome);
+    if (nome.back().isHighSurrogate())
+        nome.chop(1);
+    return u"%1/%2-%3-%4.txt"_s.arg(Cartella(), nome, QString::fromLatin1(sigla), QString::number(posto));
 }
 
 QString FileSerratura(const QString &file)
@@ -79,11 +83,23 @@ bool Incompiuta(const QLockFile &serratura)
 // False when a living program holds it, or the folder takes no file.
 bool Serra(QLockFile &serratura)
 {
-    if (serratura.tryLock())
+    // Two that start together meet for a moment over a lock that nobody holds.
+    constexpr int attesa = 100;
+    if (serratura.tryLock(attesa))
         return true;
     // A living program's cannot be removed.
     return serratura.error() == QLockFile::LockFailedError && Incompiuta(serratura) &&
            serratura.removeStaleLockFile() && serratura.tryLock();
+}
+
+// Held by this program still: the folder may have been emptied since, and another have taken the place.
+bool Tiene(const QLockFile &serratura)
+{
+    qint64 processo = 0;
+    QString macchina;
+    QString programma;
+    return serratura.isLocked() && serratura.getLockInfo(&processo, &macchina, &programma) &&
+           processo == QCoreApplication::applicationPid();
 }
 
 void FaiCartella()
@@ -243,6 +259,24 @@ void Recupero::Prende(const QString &file)
     }
 }
 
+void Recupero::CambiaPosto()
+{
+    m_serratureTrovate.push_back(std::move(m_serratura));
+    const QString prima = std::exchange(m_file, QString());
+    for (int posto = 1; posto <= MassimoPosti && m_file.isEmpty(); ++posto) {
+        const QString file = FileDi(m_percorso, posto);
+        if (file != prima && !QFileInfo::exists(file))
+            Prende(file);
+    }
+}
+
+void Recupero::Lascia(const QString &illeggibile)
+{
+    m_trovate.removeAll(illeggibile);
+    if (illeggibile == m_file)
+        CambiaPosto();
+}
+
 void Recupero::Scrivi(const Impronta &dizionario, const QByteArray &ini, const Tabella &tabella, qint32 ultima)
 {
     const QStringList righeIni = Testo8Bit::Linee(Testo8Bit::Leggi(ini));
@@ -254,8 +288,20 @@ void Recupero::Scrivi(const Impronta &dizionario, const QByteArray &ini, const T
 
     // The folder may have been full, or away, when the dictionary was opened.
     FaiCartella();
-    if (m_serratura && !m_serratura->isLocked())
-        Serra(*m_serratura);
+    if (m_serratura && !Tiene(*m_serratura)) {
+        // The end of one that was taken away would remove the other program's: it has none.
+        static auto *const perse = new std::vector<std::unique_ptr<QLockFile>>;
+        if (m_serratura->isLocked())
+            perse->push_back(std::move(m_serratura));
+        m_serratura = Serratura(m_file);
+        // Another program has taken the place meanwhile: what stands there is its own.
+        if (!Serra(*m_serratura) && m_serratura->error() == QLockFile::LockFailedError) {
+            m_altrove = true;
+            CambiaPosto();
+        }
+    }
+    if (m_file.isEmpty())
+        throw ErroreRuntime(75, u"Troppi programmi hanno aperto il dizionario "_s + m_percorso + u'.');
     try {
         ScriviIntero(
             m_file,
@@ -270,7 +316,7 @@ void Recupero::Scrivi(const Impronta &dizionario, const QByteArray &ini, const T
     }
     m_trovate.removeAll(m_file);
     if (const QString sostituita = std::exchange(m_sostituita, QString());
-        sostituita != m_file && QFile::remove(sostituita))
+        !sostituita.isEmpty() && sostituita != m_file && QFile::remove(sostituita))
         m_trovate.removeAll(sostituita);
 }
 
@@ -283,7 +329,11 @@ QStringList Recupero::SenzaFile()
 {
     QStringList percorsi;
     for (const auto &[file, dizionario] : Copie()) {
-        if (!QFileInfo::exists(dizionario) && !percorsi.contains(dizionario) && Serra(*Serratura(file)))
+        if (QFileInfo::exists(dizionario) || percorsi.contains(dizionario))
+            continue;
+        // A folder that takes no lock has none.
+        const std::unique_ptr<QLockFile> serratura = Serratura(file);
+        if (Serra(*serratura) || serratura->error() != QLockFile::LockFailedError)
             percorsi += dizionario;
     }
     return percorsi;

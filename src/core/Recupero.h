@@ -48,6 +48,9 @@ public:
     /// Full path of the copy; empty when no place is left.
     [[nodiscard]] const QString &file() const { return m_file; }
 
+    /// A copy that cannot be read keeps its place: this one takes another.
+    void Lascia(const QString &illeggibile);
+
     /// Another living program keeps a copy of this dictionary: it has it open.
     [[nodiscard]] bool ApertoAltrove() const { return m_altrove; }
 
@@ -69,6 +72,7 @@ public:
 private:
     QString m_percorso;
     void Prende(const QString &file);
+    void CambiaPosto();
 
     QString m_file;
     std::unique_ptr<QLockFile> m_serratura;

@@ -95,9 +95,10 @@ void InserimentoForm1::Ok()
         for (QLineEdit *casella : findChildren<QLineEdit *>())
             casella->setText(QString());
     }
+    // Before anything that may stop at a message.
+    SegnaModificato();
     emit voceScritta();
     ui->txtLingua1->setFocus();
-    SegnaModificato();
     if (modifica)
         Scarica();
 }

@@ -4,6 +4,7 @@
 
 #include "app/Protezione.h"
 #include "app/Servizi.h"
+#include "core/FileInPosto.h"
 #include "edit/ListaParole.h"
 #include "edit/Ordinamento.h"
 #include "input/GestoreTasti.h"
@@ -273,7 +274,7 @@ bool ComponiForm1::ScriviSecondo()
     if (spezzate > 0)
         AvvisaSpezzate(this, percorso, spezzate);
     // What is in memory is no longer what its file holds.
-    if (stato().DizionarioAperto && QFileInfo(percorso) == QFileInfo(stato().PercorsoDizionario)) {
+    if (stato().DizionarioAperto && StessoFile(percorso, stato().PercorsoDizionario)) {
         // Nor is it the file that a close without saving may delete.
         stato().NuovoDizionario = false;
         SegnaModificato();

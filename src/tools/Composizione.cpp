@@ -160,7 +160,7 @@ qint32 Scrivi()
     bool conCopia = true;
     try {
         AggiornaCopia();
-    } catch (const ErroreRuntime &) {
+    } catch (const std::exception &) {
         // The write itself may still succeed.
         conCopia = false;
     }
@@ -176,6 +176,8 @@ qint32 Scrivi()
     secondo().rotto = spezzate > 0;
     if (spezzate == 0)
         secondo().recupero->Togli();
+    else if (conCopia)
+        AggiornaCopia();
     return spezzate;
 }
 

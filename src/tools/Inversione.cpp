@@ -75,7 +75,9 @@ qint32 ScriviInvertito(const QString &dizionario)
         QByteArray impostazioni;
         if (QFile::exists(s.PercorsoIni))
             nominando(u"Impossibile leggere "_s, s.PercorsoIni, [&] { impostazioni = LeggiTutto(s.PercorsoIni); });
-        nominando(u"Impossibile scrivere "_s, ini, [&] { ScriviInPosto(ini, Testo8Bit::ConLineeCrLf(impostazioni)); });
+        nominando(u"Impossibile scrivere "_s, ini, [&] {
+            ScriviIntero(ini, [&](QIODevice &file) { ScriviTutto(file, Testo8Bit::ConLineeCrLf(impostazioni)); });
+        });
     }
     Tabella invertita;
     Ridimensiona(invertita, qMax(s.LenDizionario1, 0));

@@ -17,6 +17,6 @@ QString PercorsoIniInvertito(const QString &dizionario);
 
 /// Writes the main table inverted to a new file, "@@@" for a hole, after a copy of the open dictionary's companion
 /// file (an empty one when that is missing, none when it would be written over itself). ErroreRuntime 57, 61, 70 or 75
-/// when one cannot be read or written, its text naming it; what stood at the dictionary's place is then as it was.
+/// when one cannot be read or written, its text naming it; what stood at its place is then as it was.
 /// Returns how many entries the file will not give back as they are.
 qint32 ScriviInvertito(const QString &dizionario);
