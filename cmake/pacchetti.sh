@@ -13,7 +13,7 @@ PACCHETTI_TEST="xvfb openbox xdotool x11-xserver-utils libxcb-xtest0-dev dbus-da
 # shellcheck disable=SC2034 # used by who sources this
 PACCHETTI_PACCHETTO="dpkg-dev file librsvg2-bin"
 # shellcheck disable=SC2034 # used by who sources this
-PACCHETTI_CONTROLLO="appstream desktop-file-utils libglib2.0-bin lintian man-db shared-mime-info x11-utils"
+PACCHETTI_CONTROLLO="appstream desktop-file-utils libglib2.0-bin lintian man-db shared-mime-info"
 # What the fuzz targets need: a compiler that makes them, and the names of functions in what it reports.
 # shellcheck disable=SC2034 # used by who sources this
 PACCHETTI_FUZZ="clang libclang-rt-14-dev llvm"

@@ -1,136 +1,149 @@
 #!/bin/sh
 # SPDX-FileCopyrightText: 2026 The Varbel developers
 # SPDX-License-Identifier: GPL-3.0-or-later
-# pacchetto.sh <build folder> <source folder>: makes the Debian package, has Debian's own tools look at it, unpacks it
-# and opens a dictionary with the desktop's opener, as two users where it may, with the system's folder read-only.
+# pacchetto.sh <cpack> <build folder>: makes the package, checks what it holds, and has users who cannot write to it open
+# dictionaries by the desktop's own opener, on an X server of its own.
 set -eu
-costruito=$1
-sorgenti=$2
+cpack=$1
+costruito=$2
+sorgenti=$(cd "$(dirname "$0")/.." && pwd)
 cartella=$(mktemp -d)
-schermo=
+radice=$cartella/radice
+dati=$radice/usr/share
+servitore=
+gestore=
 finisci()
 {
-    [ -z "$schermo" ] || kill "$schermo" 2>/dev/null || true
+    [ -z "$gestore" ] || kill "$gestore" 2>/dev/null || true
+    [ -z "$servitore" ] || kill "$servitore" 2>/dev/null || true
     chmod -R u+w "$cartella"
     rm -rf "$cartella"
 }
 trap finisci EXIT
 trap 'exit 130' INT TERM HUP
-guasto()
+manca()
 {
     echo "FAIL: $*" >&2
     exit 1
 }
-# verifica <what is wrong otherwise> <command>...
-verifica()
+# attendi <command>...: until it succeeds, half a minute at most.
+attendi()
 {
-    cosa=$1
-    shift
-    "$@" >"$cartella/uscita" 2>&1 || {
-        cat "$cartella/uscita" >&2
-        guasto "$cosa"
-    }
-}
-
-(cd "$costruito" && verifica "the package is not made" cpack -G DEB -B "$cartella/deb")
-deb=$(echo "$cartella"/deb/*.deb)
-verifica "lintian" lintian --fail-on error "$deb"
-dpkg-deb -x "$deb" "$cartella/radice"
-usr=$cartella/radice/usr
-applicazione=org.varbel.Varbel
-verifica "the desktop entry" desktop-file-validate "$usr/share/applications/$applicazione.desktop"
-verifica "the metainfo" appstreamcli validate --no-net "$usr/share/metainfo/$applicazione.metainfo.xml"
-verifica "the tree" appstreamcli validate-tree --no-net "$cartella/radice"
-for pagina in "$usr"/share/man/man1/varbel.1.gz "$usr"/share/man/it/man1/varbel.1.gz; do
-    LC_ALL=C.UTF-8 MANROFFSEQ='' MANWIDTH=80 man --warnings -E UTF-8 -l -Tutf8 -Z "$pagina" >/dev/null 2>"$cartella/uscita"
-    [ ! -s "$cartella/uscita" ] || guasto "$pagina: $(cat "$cartella/uscita")"
-done
-verifica "the completion" bash -n "$usr/share/bash-completion/completions/varbel"
-versione=$("$usr/bin/varbel" --version)
-grep -q "^## ${versione#Varbel } - " "$sorgenti/CHANGELOG.md" || guasto "$versione is not in CHANGELOG.md"
-for lato in 16 48 256; do
-    for icona in apps/$applicazione mimetypes/application-x-varbel-dictionary; do
-        [ -s "$usr/share/icons/hicolor/${lato}x$lato/$icona.png" ] || guasto "no $icona of $lato dots"
+    for _ in $(seq 300); do
+        ! "$@" || return 0
+        sleep 0.1
     done
-done
-
-# As an installation leaves the system.
-verifica "the types" update-mime-database "$usr/share/mime"
-verifica "the applications" update-desktop-database "$usr/share/applications"
-XDG_DATA_DIRS=$usr/share:/usr/local/share:/usr/share
-export XDG_DATA_DIRS
-printf '2\nparola/SM\nword/SM\n' >"$cartella/altrui.dic"
-tipo()
-{
-    gio info -a standard::content-type "$1" | sed -n 's/.*standard::content-type: //p'
+    manca "waited in vain: $*"
 }
-for file in "$usr"/share/varbel/dizionari/*.dic; do
-    [ "$(tipo "$file")" = application/x-varbel-dictionary ] || guasto "$file is of type $(tipo "$file")"
-done
-[ "$(tipo "$cartella/altrui.dic")" = text/plain ] || guasto "another program's word list is $(tipo "$cartella/altrui.dic")"
 
+echo "- the package"
+(cd "$costruito" && "$cpack" -G DEB -B "$cartella/deb") >"$cartella/cpack.log" || manca "$(cat "$cartella/cpack.log")"
+set -- "$cartella"/deb/*.deb
+lintian --allow-root --fail-on error,warning "$1"
 chmod 755 "$cartella"
-chmod -R a-w "$cartella/radice"
-impronte()
-{
-    (cd "$cartella/radice" && find . -type f -exec sha1sum {} + | sort)
-}
-impronte >"$cartella/prima"
-for numero in $(seq 90 120); do
-    [ ! -e "/tmp/.X11-unix/X$numero" ] || continue
-    Xvfb ":$numero" -screen 0 1280x900x24 -nolisten tcp >/dev/null 2>&1 &
-    schermo=$!
-    for _ in $(seq 40); do
-        [ ! -S "/tmp/.X11-unix/X$numero" ] || break 2
-        kill -0 "$schermo" 2>/dev/null || break
-        sleep 0.1
-    done
-    kill "$schermo" 2>/dev/null || true
-    schermo=
-done
-[ -n "$schermo" ] || guasto "no X server"
+dpkg-deb -R "$1" "$radice"
+[ "$(ls "$radice/DEBIAN")" = "control
+md5sums" ] || manca "maintainer scripts, which could touch users' files"
+rm -r "$radice/DEBIAN"
+versione=$("$radice/usr/bin/varbel" --version)
+case "$(dpkg-deb -f "$1" Version)" in "${versione#Varbel }"-*) ;; *) manca "the package's version is not $versione" ;; esac
 
-# apre <user's number or nothing>: a user of his own opens a dictionary of his from the file manager.
-apre()
-{
-    casa=$cartella/casa$1
-    mkdir -p "$casa/tmp"
-    cp "$usr/share/varbel/dizionari/Greco-Italiano.dic" "$casa/le mie parole.dic"
-    cp "$usr/share/varbel/dizionari/Greco-Italiano.ini" "$casa/le mie parole.ini"
-    chmod u+w "$casa"/*.dic "$casa"/*.ini
-    come=
-    if [ -n "$1" ]; then
-        chown -R "$1:$1" "$casa"
-        come="setpriv --reuid=$1 --regid=$1 --clear-groups"
-    fi
-    # shellcheck disable=SC2086 # a command and its options
-    (cd "$casa" && $come env -i HOME="$casa" TMPDIR="$casa/tmp" DISPLAY=":$numero" PATH="$usr/bin:/usr/bin:/bin" \
-        LC_ALL=C.UTF-8 XDG_DATA_DIRS="$XDG_DATA_DIRS" QT_QPA_PLATFORM=xcb \
-        gio open "$casa/le mie parole.dic")
-    for _ in $(seq 100); do
-        processo=$(pgrep -f "^varbel $casa/" || true)
-        # The lock beside the recovery copy says that the dictionary is open.
-        if [ -n "$processo" ] && ls "$casa"/.local/state/varbel/*.lock >/dev/null 2>&1 &&
-            xwininfo -root -tree -display ":$numero" | grep -q '"Varbel"'; then
-            break
-        fi
-        sleep 0.1
+echo "- desktop entry, metainfo, manual pages, icons"
+desktop-file-validate "$dati"/applications/*.desktop
+appstreamcli validate --no-net "$dati"/metainfo/*.xml
+appstreamcli validate-tree --no-net "$radice"
+for immagine in $(sed -n 's:.*<image.*/\(docs/[^<]*\)<.*:\1:p' "$dati"/metainfo/*.xml); do
+    [ -f "$sorgenti/$immagine" ] || manca "no screenshot $immagine"
+done
+for pagina in "$dati"/man/man1/*.gz "$dati"/man/*/man1/*.gz; do
+    avvisi=$(LC_ALL=C.UTF-8 MANWIDTH=80 man --warnings -E UTF-8 -l "$pagina" 2>&1 >/dev/null)
+    [ -z "$avvisi" ] || manca "$pagina: $avvisi"
+done
+
+for lato in 16 22 24 32 48 64 128 256 512; do
+    for icona in apps/alt.varbel.varbel mimetypes/application-x-varbel-dictionary; do
+        [ -s "$dati/icons/hicolor/${lato}x$lato/$icona.png" ] || manca "no $icona of $lato dots"
     done
-    ls "$casa"/.local/state/varbel/le\ mie\ parole.dic-*.lock >/dev/null || guasto "the dictionary was not opened"
-    for file in varbel.ini Trffc10a.ico Intl_no.bmp; do
-        [ -w "$casa/.local/share/varbel/$file" ] || guasto "no $file of the user's own"
-        [ -z "$1" ] || [ "$(stat -c %u:%a "$casa/.local/share/varbel/$file")" = "$1:600" ] || guasto "$file is not his alone"
-    done
-    kill "$processo"
-    while kill -0 "$processo" 2>/dev/null; do sleep 0.1; done
-}
-if [ "$(id -u)" -eq 0 ]; then
-    apre 50001
-    apre 50002
-else
-    echo "Not root: tried as one user only."
-    apre ''
+done
+
+echo "- types"
+export XDG_DATA_DIRS="$dati:/usr/share"
+update-mime-database "$dati/mime"
+update-desktop-database "$dati/applications"
+altri=$cartella/altri
+mkdir "$altri"
+printf '2\ncasa/S\nposta@esempio.it\n' >"$altri/ortografia.dic"
+printf 'OOoUserDict1\nlang: it\ntype: positive\n---\ncasa\n' >"$altri/utente.dic"
+printf '\377\376c\0a\0s\0a\0\r\0\n\0' >"$altri/parole.dic"
+: >"$altri/vuoto.dic"
+head -c 4096 /bin/sh >"$altri/binario.dic"
+for file in "$dati"/varbel/dizionari/*.dic "$sorgenti"/tests/fixtures/normale*.dic \
+    "$sorgenti/tests/fixtures/marche-ordine-byte.dic" "$altri"/*; do
+    genere=$(gio info -a standard::content-type "$file" | sed -n 's/.*content-type: //p')
+    case "$file $genere" in
+    "$altri"/*" application/x-varbel-dictionary") manca "$file taken for a Varbel dictionary" ;;
+    "$altri"/*" "* | *" application/x-varbel-dictionary") ;;
+    *) manca "$file is a $genere" ;;
+    esac
+done
+
+echo "- completion"
+# shellcheck disable=SC2016 # expanded by the shell that completes
+(cd "$altri" && bash -c '. "$1"; COMP_CWORD=1; COMP_WORDS=(varbel o); _varbel
+    [ "${COMPREPLY[*]}" = ortografia.dic ] && COMP_WORDS=(varbel --v) && _varbel && [ "${COMPREPLY[*]}" = --version ]' - "$dati/bash-completion/completions/varbel") ||
+    manca "the completion"
+
+echo "- users"
+chmod -R a-w "$radice"
+elenco() { find "$radice" -printf '%P %m %s %T@\n' | sort; }
+elenco >"$cartella/prima"
+utenti="61001 61002"
+if [ "$(id -u)" -ne 0 ]; then
+    utenti=$(id -u)
+    echo "  SKIPPED: the second user, since only root can be two"
 fi
-impronte >"$cartella/dopo"
-cmp -s "$cartella/prima" "$cartella/dopo" || guasto "the system's folder was written to"
-echo "The package is sound: $(basename "$deb"), $(($(stat -c %s "$deb") / 1024)) KiB"
+Xvfb -displayfd 3 -ac -noreset -screen 0 1280x900x24 -nolisten tcp 3>"$cartella/schermo" >/dev/null 2>&1 &
+servitore=$!
+attendi [ -s "$cartella/schermo" ]
+DISPLAY=:$(cat "$cartella/schermo")
+export DISPLAY
+# It says that it manages windows before it does: one that came between would never be shown.
+openbox --sm-disable --startup "touch $cartella/gestore" >/dev/null 2>&1 &
+gestore=$!
+attendi [ -e "$cartella/gestore" ]
+
+finestre() { test "$(xdotool search --onlyvisible --name '^Varbel$' 2>/dev/null | wc -l)" "$@"; }
+quanti=0
+for utente in $utenti; do
+    casa=$cartella/$utente
+    mkdir -m 700 "$casa"
+    cp "$dati"/varbel/dizionari/Greco-Italiano.dic "$casa/le parole di $utente.dic"
+    cp "$dati"/varbel/dizionari/Greco-Italiano.ini "$casa/le parole di $utente.ini"
+    chmod u+w "$casa"/*
+    come=
+    if [ "$(id -u)" -eq 0 ]; then
+        chown -R "$utente:$utente" "$casa"
+        come="setpriv --reuid=$utente --regid=$utente --clear-groups"
+    fi
+    # shellcheck disable=SC2086 # a command and its arguments
+    (cd "$casa" && $come env -i HOME="$casa" PATH="$radice/usr/bin:$PATH" LC_ALL=C.UTF-8 DISPLAY="$DISPLAY" \
+        XDG_DATA_DIRS="$XDG_DATA_DIRS" DBUS_SESSION_BUS_ADDRESS=unix:path=/nonexistent QT_LOGGING_RULES='*=false' \
+        gio open "$casa/le parole di $utente.dic") || manca "the opener"
+    quanti=$((quanti + 1))
+    attendi finestre -eq "$quanti"
+done
+# Of two windows the one in front is closed first, each by its user's own way out.
+chiudi() { finestre -eq 0 || { xdotool key alt+F4; sleep 0.2; finestre -eq 0; }; }
+attendi chiudi
+
+for utente in $utenti; do
+    casa=$cartella/$utente
+    [ "$(ls "$casa/.local/share/varbel")" = "Intl_no.bmp
+Trffc10a.ico
+varbel.ini" ] || manca "the folder of $utente: $(ls -R "$casa")"
+    recente=$(sed -n '/^\[Recenti\]/{n;p}' "$casa/.local/share/varbel/varbel.ini" | tr -d '\r')
+    [ "$recente" = "$casa/le parole di $utente.dic" ] || manca "$utente opened '$recente'"
+done
+[ "$(cat "$cartella"/*/.local/share/varbel/varbel.ini | grep -c 'le parole di')" -eq "$quanti" ] ||
+    manca "a user's settings hold another's"
+elenco | cmp - "$cartella/prima" || manca "the system's folder was written to"

@@ -33,7 +33,7 @@ void PreparaProgramma()
 {
     QApplication::setApplicationName(u"varbel"_s);
     QApplication::setApplicationVersion(QStringLiteral(VARBEL_VERSION));
-    QApplication::setDesktopFileName(u"org.varbel.Varbel"_s);
+    QApplication::setDesktopFileName(u"alt.varbel.varbel"_s);
 
     auto *traduzione = new QTranslator(qApp);
     if (traduzione->load(u"qtbase_it"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
