@@ -9,6 +9,7 @@
 #include "edit/Voci.h"
 #include "tools/Composizione.h"
 
+#include <QProcess>
 #include <QRandomGenerator>
 
 using namespace Qt::StringLiterals;
@@ -512,17 +513,31 @@ void TestRecupero::serratureDiNessuno()
     const Recupero secondo(banco.File(u"z.dic"_s));
     primo.reset();
     QVERIFY(Recupero(banco.File(u"z.dic"_s)).ApertoAltrove());
-#ifdef Q_OS_UNIX
+#ifdef Q_OS_LINUX
     // One that another program has taken meanwhile, in a folder made anew, is its own.
     Tabella tabella;
     Recupero mia(banco.File(u"y.dic"_s));
     const QString suo = mia.file();
     QVERIFY(QFile::remove(suo + u".lock"_s));
-    ScriviInPosto(suo + u".lock"_s, "1\n\n" + QSysInfo::machineHostName().toUtf8() + "\n\n\n");
+    QProcess vivo;
+    vivo.start(u"sleep"_s, {u"1000"_s});
+    QVERIFY(vivo.waitForStarted());
+    const QString nome = u"/proc/%1/exe"_s.arg(vivo.processId());
+    // Until it is the program that it is to be.
+    QTRY_VERIFY(QFileInfo(nome).symLinkTarget() != QCoreApplication::applicationFilePath());
+    const QStringList righe = {QString::number(vivo.processId()),
+                               QFileInfo(QFileInfo(nome).symLinkTarget()).fileName(),
+                               QSysInfo::machineHostName(),
+                               QString(),
+                               QString(),
+                               QString()};
+    ScriviInPosto(suo + u".lock"_s, righe.join(u'\n').toUtf8());
     ScriviInPosto(suo, QByteArray("sua"));
     mia.Scrivi({}, "mia", tabella, 0);
     QVERIFY(mia.file() != suo);
     QCOMPARE(ByteDelFile(suo), QByteArray("sua"));
+    vivo.kill();
+    vivo.waitForFinished();
 #endif
 }
 
