@@ -1,14 +1,18 @@
 // SPDX-FileCopyrightText: 2026 The Varbel developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A random session through the real windows, beside a model of what the dictionary must hold. VARBEL_PASSI says how
-// many steps, VARBEL_SEME which.
+// many steps, VARBEL_SEME which. Then a day with a dictionary of VARBEL_VOCI entries.
 #include "Banco.h"
 #include "Dialoghi.h"
+#include "Errori.h"
 #include "Passi.h"
 #include "core/Riga.h"
+#include "print/SpoolStampante.h"
+#include "print/StampaDizionario.h"
 #include "tools/Inversione.h"
 
 #include <QLineEdit>
+#include <QPrinter>
 #include <QRandomGenerator>
 
 using namespace Qt::StringLiterals;
@@ -17,6 +21,7 @@ using Module1::stato;
 namespace
 {
 constexpr int PassiSoliti = 2000;
+constexpr int VociSolite = 10000;
 constexpr qsizetype MassimoVoci = 400;
 
 class Utente
@@ -268,7 +273,75 @@ private slots:
             QApplication::processEvents();
         }
     }
+
+    void scala();
 };
+
+void TestSessioniFinestre::scala()
+{
+    bool dato = false;
+    const int chieste = qEnvironmentVariableIntValue("VARBEL_VOCI", &dato);
+    const int voci = dato ? chieste : VociSolite;
+    Banco banco;
+    Dialoghi dialoghi;
+    QStringList attese;
+    QRandomGenerator caso(1);
+    for (int i = 0; i < voci; ++i)
+        attese += u"@parola%1@word%2@"_s.arg(caso.generate()).arg(i);
+    const QString percorso = banco.Dizionario(u"a.dic"_s, attese);
+    attese.replaceInStrings(QRegularExpression(u"$"_s), u"\r"_s);
+    banco.Apri(percorso);
+    const auto premi = [&](const char *form, const char *pulsante) {
+        banco.Trova<QPushButton>(form, pulsante)->click();
+        QApplication::processEvents();
+    };
+
+    banco.Comando(u"mnuModificaAggiungi"_s);
+    for (const QString &parola : {u"aaa"_s, u"mmm"_s, u"zzz"_s}) {
+        banco.Trova<QLineEdit>("InserimentoForm1", "txtLingua1")->setText(parola);
+        banco.Trova<QLineEdit>("InserimentoForm1", "txtLingua2")->setText(parola);
+        premi("InserimentoForm1", "cmdOk");
+        attese += u'@' + parola + u'@' + parola + u'@';
+    }
+    const auto si = [](QDialog *box) { qobject_cast<QMessageBox *>(box)->button(QMessageBox::Yes)->click(); };
+    dialoghi.altro(si);
+    banco.Comando(u"mnuModificaOrdina2"_s);
+    banco.Lista(1)->ImpostaListIndex(5);
+    attese.removeOne(RigaDi(stato().Dizionario1, 5)[2]);
+    dialoghi.altro(si);
+    banco.Premi(u"cmdElimina"_s);
+    banco.Comando(u"mnuFileSalva"_s);
+    QVERIFY2(dialoghi.verifica(), qPrintable(dialoghi.guasti()));
+    QStringList nelFile = Banco::Linee(percorso);
+    nelFile.sort();
+    attese.sort();
+    QVERIFY(nelFile == attese);
+
+    for (const QString &segno : {u"Trffc10a.ico"_s, u"Intl_no.bmp"_s})
+        QFile::copy(u"" ASSETS "/"_s + segno, banco.cartella.filePath(u"programma/"_s + segno));
+    banco.Comando(u"mnuEserciziCasuale"_s);
+    for (int i = 1; i <= 5; ++i) {
+        banco.Trova<QLineEdit>("EsercizioForm1", "txtLingua2")->setText(Esercizio::stato().rispostaAttesa);
+        premi("EsercizioForm1", "cmdOK");
+        QVERIFY(banco.Trova<QLabel>("EsercizioForm1", "lblRiepilogo")->text().contains(u"%1 su %1"_s.arg(i)));
+        premi("EsercizioForm1", "cmdOK");
+    }
+
+    QPrinter stampante(QPrinter::HighResolution);
+    stampante.setOutputFileName(banco.File(u"a.pdf"_s));
+    SpoolStampante spool(stampante);
+    const auto fogli =
+        StampaDizionario(spool, LeggiTutto(percorso), stato().impostazioni, [](qint64, qint64) { return true; });
+    spool.Fine();
+    constexpr int vociPerFoglio = 100;
+    QVERIFY(fogli.value_or(0) > voci / vociPerFoglio);
+    QVERIFY(ByteDelFile(banco.File(u"a.pdf"_s)).startsWith("%PDF"));
+
+    banco.Comando(u"mnuFileChiudi"_s);
+    banco.Apri(percorso);
+    QCOMPARE(banco.Lista(1)->model()->rowCount(), voci + 2);
+    QVERIFY2(dialoghi.verifica(), qPrintable(dialoghi.guasti()));
+}
 
 QTEST_MAIN(TestSessioniFinestre)
 #include "tst_sessioniFinestre.moc"
