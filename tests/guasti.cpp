@@ -5,17 +5,19 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 #include <cstdarg>
 #include <cstdlib>
 #include <cstring>
+#include <utility>
 
 namespace
 {
 int chiamate = 0;
 // The files that are open for writing, by number.
 constexpr int MassimoFile = 1024;
-bool scritti[MassimoFile] = {};
+std::array<bool, MassimoFile> inScrittura{};
 int quale = 0;
 const char *guasto = "";
 
@@ -56,7 +58,7 @@ int Apri(const char *nome, int cartella, const char *percorso, int modo, mode_t 
         return -1;
     const int file = Vera<int (*)(int, const char *, int, ...)>(nome)(cartella, percorso, modo, diritti);
     if (file >= 0 && file < MassimoFile)
-        scritti[file] = scrive;
+        inScrittura.at(static_cast<std::size_t>(file)) = scrive;
     return file;
 }
 
@@ -141,9 +143,8 @@ ssize_t write(int file, const void *byte, size_t quanti)
 int close(int file)
 {
     const auto vera = Vera<int (*)(int)>("close");
-    if (file < 0 || file >= MassimoFile || !scritti[file])
+    if (file < 0 || file >= MassimoFile || !std::exchange(inScrittura.at(static_cast<std::size_t>(file)), false))
         return vera(file);
-    scritti[file] = false;
     const bool fallisce = Prossima(false) == Sorte::Fallisce;
     const int motivo = errno;
     const int esito = vera(file);

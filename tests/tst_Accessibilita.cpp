@@ -17,7 +17,6 @@
 #include <cmath>
 
 using namespace Qt::StringLiterals;
-using Module1::stato;
 
 namespace
 {
@@ -40,7 +39,7 @@ const std::array<std::pair<const char *, const char *>, 13> Finestre = {{
 
 // A program with a Greek dictionary and one of the windows, in letters of that size.
 struct Sala {
-    Sala(const QString &finestra, int punti)
+    Sala(const QString &finestra, int punti) : m_finestra(finestra)
     {
         ScriviInPosto(banco.Ini(),
                       LeggiTutto(banco.Ini()).replace("[Font]\r\n10", "[Font]\r\n" + QByteArray::number(punti)));
@@ -52,11 +51,6 @@ struct Sala {
         const auto *trovata = std::find_if(Finestre.begin(), Finestre.end(),
                                            [&](const auto &questa) { return QLatin1String(questa.first) == finestra; });
         Apri(finestra, QString::fromLatin1(trovata->second));
-        form = banco.finestra->findChild<QWidget *>(finestra);
-        for (QWidget *sola : QApplication::topLevelWidgets()) {
-            if (sola->objectName() == finestra)
-                form = sola;
-        }
         QApplication::processEvents();
     }
 
@@ -80,14 +74,23 @@ struct Sala {
         }
     }
 
+    [[nodiscard]] QWidget *Form() const
+    {
+        for (QWidget *sola : QApplication::topLevelWidgets()) {
+            if (sola->objectName() == m_finestra)
+                return sola;
+        }
+        return banco.finestra->findChild<QWidget *>(m_finestra);
+    }
+
     // What the user sees of the window's own controls.
     template <typename Controllo = QWidget>
     [[nodiscard]] QList<Controllo *> Visti() const
     {
+        const QWidget *const form = Form();
         QList<Controllo *> visti = form->findChildren<Controllo *>();
-        visti.removeIf([this](const QWidget *questo) {
-            return !questo->isVisibleTo(form) || (form->isWindow() && questo->inherits("QMdiSubWindow")) ||
-                   (form->isWindow() && FiglioDiFinestra(questo));
+        visti.removeIf([form](const QWidget *questo) {
+            return !questo->isVisibleTo(form) || (form->isWindow() && FiglioDiFinestra(questo));
         });
         return visti;
     }
@@ -103,7 +106,9 @@ struct Sala {
 
     Banco banco;
     Dialoghi dialoghi;
-    QWidget *form = nullptr;
+
+private:
+    QString m_finestra;
 };
 
 QString Nome(const QWidget *controllo)
@@ -184,10 +189,10 @@ void TestAccessibilita::nomiERuoli()
 {
     QFETCH(const QString, finestra);
     const Sala sala(finestra, 10);
-    QVERIFY(sala.form);
+    QVERIFY(sala.Form());
     QStringList nomi;
-    for (const QWidget *controllo : sala.Visti()) {
-        QAccessibleInterface *accesso = QAccessible::queryAccessibleInterface(const_cast<QWidget *>(controllo));
+    for (QWidget *controllo : sala.Visti()) {
+        QAccessibleInterface *accesso = QAccessible::queryAccessibleInterface(controllo);
         if (!accesso || !accesso->state().focusable || controllo->focusPolicy() == Qt::NoFocus ||
             controllo->focusProxy())
             continue;
@@ -209,8 +214,8 @@ void TestAccessibilita::ordineDelFuoco()
     tutti.removeIf([](const QWidget *questo) {
         return !(questo->focusPolicy() & Qt::TabFocus) || questo->focusProxy() || !questo->isEnabled();
     });
-    sala.form->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(sala.form->window()));
+    sala.Form()->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(sala.Form()->window()));
     if (finestra == "MDIForm1"_L1 || tutti.isEmpty())
         return;
     tutti.constFirst()->setFocus(Qt::TabFocusReason);
@@ -232,10 +237,10 @@ void TestAccessibilita::ordineDelFuoco()
     }
     // From the window's first control on: none lies above the one before it unless it is in a column further right.
     const auto posto = [&sala](const QWidget *questo) {
-        return QRect(questo->mapTo(sala.form, QPoint()), questo->size());
+        return QRect(questo->mapTo(sala.Form(), QPoint()), questo->size());
     };
-    QWidget *primo = sala.form;
-    while ((primo = primo->nextInFocusChain()) && !visitati.contains(primo) && primo != sala.form) {
+    QWidget *primo = sala.Form();
+    while ((primo = primo->nextInFocusChain()) && !visitati.contains(primo) && primo != sala.Form()) {
     }
     std::rotate(visitati.begin(), std::find(visitati.begin(), visitati.end(), primo), visitati.end());
     for (qsizetype i = 1; i < visitati.size(); ++i) {

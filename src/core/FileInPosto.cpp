@@ -107,13 +107,13 @@ QString SenzaLegami(const QString &percorso)
     return info.filePath();
 }
 
-void ScriviInPosto(const QString &nome, const std::function<void(QIODevice &)> &scrivi)
+void ScriviInPosto(const QString &percorso, const std::function<void(QIODevice &)> &scrivi)
 {
-    const QString percorso = SenzaLegami(nome);
-    const QFileInfo vecchio(percorso);
+    const QString vero = SenzaLegami(percorso);
+    const QFileInfo vecchio(vero);
     const QFileDevice::Permissions diritti = vecchio.isFile() ? vecchio.permissions() : QFileDevice::Permissions();
-    QFile::remove(percorso);
-    QFile file(percorso);
+    QFile::remove(vero);
+    QFile file(vero);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
         throw ErroreRuntime(75, file.errorString());
     // A list that was its owner's alone stays so; some file systems have no owners.
@@ -126,9 +126,9 @@ void ScriviInPosto(const QString &nome, const std::function<void(QIODevice &)> &
     file.close();
     if (file.error() != QFileDevice::NoError)
         throw ErroreScrittura(file);
-    if (QFileInfo(percorso).size() != attesi)
+    if (QFileInfo(vero).size() != attesi)
         throw ErroreRuntime(57, NonIntero());
-    SvuotaCartella(percorso);
+    SvuotaCartella(vero);
 }
 
 void ScriviInPosto(const QString &percorso, const QByteArray &byte)
