@@ -51,7 +51,7 @@ QString FileDi(const QString &percorso, int posto)
     // File systems take 255 bytes, of which a character of the name may be four.
     constexpr qsizetype massimoNome = 40;
     nome.truncate(massimoNome);
-    if (nome.back().isHighSurrogate())
+    if (!nome.isEmpty() && nome.back().isHighSurrogate())
         nome.chop(1);
     return u"%1/%2-%3-%4.txt"_s.arg(Cartella(), nome, QString::fromLatin1(sigla), QString::number(posto));
 }
