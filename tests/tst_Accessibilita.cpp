@@ -130,7 +130,7 @@ double Contrasto(const QColor &a, const QColor &b)
         const auto lineare = [](double v) { return v <= 0.03928 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4); };
         return 0.2126 * lineare(colore.redF()) + 0.7152 * lineare(colore.greenF()) + 0.0722 * lineare(colore.blueF());
     };
-    const auto [meno, piu] = std::minmax(luce(a), luce(b));
+    const auto [meno, piu] = std::minmax({luce(a), luce(b)});
     return (piu + 0.05) / (meno + 0.05);
 }
 

@@ -400,9 +400,10 @@ int main(int argc, char *argv[])
     // No session bus is started for this server, nor the user's one used.
     qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
     QProcess gestore;
-    gestore.start(u"openbox"_s, {u"--sm-disable"_s});
+    // It says that it manages windows before it does; what it starts then writes a line.
+    gestore.start(u"openbox"_s, {u"--sm-disable"_s, u"--startup"_s, u"echo pronto"_s});
     int esito = 1;
-    if (gestore.waitForStarted()) {
+    if (gestore.waitForStarted() && gestore.waitForReadyRead()) {
         const QApplication applicazione(argc, argv);
         TestTastiera test(QStringLiteral(PROGRAMMA));
         esito = QTest::qExec(&test, argc, argv);
